@@ -1,0 +1,25 @@
+# Compiler flags shared by every target of the project.
+add_library(sk_options INTERFACE)
+target_compile_options(sk_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow)
+if(SK_WERROR)
+  target_compile_options(sk_options INTERFACE -Werror)
+endif()
+if(SK_SANITIZE)
+  target_compile_options(sk_options INTERFACE -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+  target_link_options(sk_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# sk_core_library(NAME DIR DEPS...): a static library made of every .cpp in DIR.
+function(sk_core_library name dir)
+  file(GLOB _sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${dir}/*.cpp)
+  if(_sources)
+    add_library(${name} STATIC ${_sources})
+    target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} PUBLIC sk_options ${ARGN})
+  else()
+    # A folder whose code has not landed yet.
+    add_library(${name} INTERFACE)
+    target_include_directories(${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+    target_link_libraries(${name} INTERFACE sk_options ${ARGN})
+  endif()
+endfunction()

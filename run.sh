@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds and starts Quorvel Schichtkalender.
+# Arguments are passed to the program (for example: ./run.sh days --help).
+set -euo pipefail
+cd "$(dirname "$0")"
+tools/ensure-packages.sh --runtime
+cmake -S . -B build/release -G Ninja -DCMAKE_BUILD_TYPE=Release -DSK_BUILD_TESTS=OFF -DSK_BUILD_BENCH=OFF >/dev/null
+cmake --build build/release --target schichtkalender
+if [ $# -gt 0 ]; then
+  exec build/release/src/schichtkalender "$@"
+fi
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ -f src/app/application.hpp ]; then
+  exec build/release/src/schichtkalender
+fi
+# No window yet (or no display): the current month on the command line.
+first=$(date +%Y-%m-01)
+last=$(date -d "$first +1 month -1 day" +%Y-%m-%d)
+exec build/release/src/schichtkalender days --from "$first" --to "$last"

@@ -1,0 +1,113 @@
+#include "cli/commands.hpp"
+
+#include <charconv>
+#include <ctime>
+
+namespace sk::cli {
+
+namespace {
+
+std::vector<Command> build_commands() {
+    return {};
+}
+
+}  // namespace
+
+const std::vector<Command>& commands() {
+    static const std::vector<Command> table = build_commands();
+    return table;
+}
+
+const Command* find_command(std::string_view name) {
+    for (const Command& c : commands())
+        if (c.name == name) return &c;
+    return nullptr;
+}
+
+std::optional<long long> parse_integer(std::string_view text) {
+    long long value = 0;
+    if (text.empty()) return std::nullopt;
+    const char* first = text.data();
+    if (*first == '+') ++first;
+    const auto [ptr, ec] = std::from_chars(first, text.data() + text.size(), value);
+    if (ec != std::errc() || ptr != text.data() + text.size()) return std::nullopt;
+    return value;
+}
+
+Options::Options(const Args& args, std::set<std::string, std::less<>> valued,
+                 std::set<std::string, std::less<>> flags) {
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string& a = args[i];
+        if (a.size() > 2 && a.rfind("--", 0) == 0) {
+            std::string name = a.substr(2);
+            std::optional<std::string> inline_value;
+            if (const auto eq = name.find('='); eq != std::string::npos) {
+                inline_value = name.substr(eq + 1);
+                name.resize(eq);
+            }
+            if (flags.count(name)) {
+                if (inline_value) throw UsageError("die Option --" + name + " hat keinen Wert");
+                m_flags.insert(name);
+            } else if (valued.count(name)) {
+                if (inline_value) {
+                    m_values[name] = *inline_value;
+                } else {
+                    if (i + 1 >= args.size())
+                        throw UsageError("der Option --" + name + " fehlt ein Wert");
+                    m_values[name] = args[++i];
+                }
+            } else {
+                throw UsageError("unbekannte Option --" + name);
+            }
+        } else {
+            m_positional.push_back(a);
+        }
+    }
+}
+
+std::optional<std::string> Options::value(std::string_view name) const {
+    const auto it = m_values.find(name);
+    if (it == m_values.end()) return std::nullopt;
+    return it->second;
+}
+
+bool Options::flag(std::string_view name) const { return m_flags.count(name) > 0; }
+
+std::optional<calendar::Day> Options::date(std::string_view name) const {
+    const auto text = value(name);
+    if (!text) return std::nullopt;
+    const auto day = calendar::parse_iso_date(*text);
+    if (!day)
+        throw UsageError("\"" + *text + "\" ist kein gültiges Datum für --" + std::string(name) +
+                         " (erwartet JJJJ-MM-TT)");
+    return day;
+}
+
+std::optional<int> Options::integer(std::string_view name, int min, int max) const {
+    const auto text = value(name);
+    if (!text) return std::nullopt;
+    const auto number = parse_integer(*text);
+    if (!number || *number < min || *number > max)
+        throw UsageError("\"" + *text + "\" ist kein gültiger Wert für --" + std::string(name) +
+                         " (erlaubt: " + std::to_string(min) + " bis " + std::to_string(max) + ")");
+    return static_cast<int>(*number);
+}
+
+calendar::Day today(const Options& options) {
+    if (auto day = options.date("today")) return *day;
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return calendar::Day::from_date(local.tm_year + 1900, local.tm_mon, local.tm_mday);
+}
+
+UserContext user_context(const Options& options) {
+    UserContext context;
+    context.data_dir_given = options.value("data-dir").has_value();
+    context.data_root = options.value("data-dir").value_or("SKDaten");
+    context.user = options.value("user").value_or("Programm");
+    context.user_dir = context.data_root + "/" + context.user;
+    return context;
+}
+
+}  // namespace sk::cli

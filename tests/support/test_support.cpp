@@ -1,0 +1,70 @@
+#include "test_support.hpp"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <fstream>
+#include <random>
+#include <sstream>
+#include <stdexcept>
+
+namespace sk::test {
+
+TempDir::TempDir() {
+    std::random_device rd;
+    const auto base = std::filesystem::temp_directory_path();
+    for (int attempt = 0; attempt < 100; ++attempt) {
+        auto candidate = base / ("sk-test-" + std::to_string(::getpid()) + "-" + std::to_string(rd()));
+        if (std::filesystem::create_directory(candidate)) {
+            m_path = candidate;
+            return;
+        }
+    }
+    throw std::runtime_error("cannot create a temporary directory");
+}
+
+TempDir::~TempDir() {
+    std::error_code ec;
+    std::filesystem::permissions(m_path, std::filesystem::perms::owner_all,
+                                 std::filesystem::perm_options::add, ec);
+    std::filesystem::remove_all(m_path, ec);
+}
+
+std::string read_bytes(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    std::ostringstream ss;
+    ss << in.rdbuf();
+    return ss.str();
+}
+
+void write_bytes(const std::filesystem::path& file, std::string_view bytes) {
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+}
+
+std::filesystem::path source_path(std::string_view relative) {
+    return std::filesystem::path(SK_TEST_DATA_DIR) / relative;
+}
+
+CommandResult run_command(const std::string& command) {
+    TempDir dir;
+    const auto out_file = dir / "out";
+    const auto err_file = dir / "err";
+    const std::string full =
+        command + " >'" + out_file.string() + "' 2>'" + err_file.string() + "'";
+    const int raw = std::system(full.c_str());
+    CommandResult result;
+    result.status = WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
+    result.out = read_bytes(out_file);
+    result.err = read_bytes(err_file);
+    return result;
+}
+
+std::string program() { return SK_BINARY; }
+
+}  // namespace sk::test
+
+namespace sk::calendar {
+void PrintTo(const Day& day, std::ostream* os) { *os << format_iso_date(day); }
+}  // namespace sk::calendar

@@ -1,0 +1,51 @@
+// Fixtures shared by the test suites: a temporary directory per test, byte
+// files, golden-file comparison and readable printing of days.
+#pragma once
+
+#include <filesystem>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "calendar/dates.hpp"
+
+namespace sk::test {
+
+// A fresh directory under the system's temporary directory, removed again
+// when the object goes out of scope.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    TempDir(const TempDir&) = delete;
+    TempDir& operator=(const TempDir&) = delete;
+    const std::filesystem::path& path() const { return m_path; }
+    std::filesystem::path operator/(std::string_view name) const { return m_path / name; }
+
+private:
+    std::filesystem::path m_path;
+};
+
+std::string read_bytes(const std::filesystem::path& file);
+void write_bytes(const std::filesystem::path& file, std::string_view bytes);
+
+// Path of a file below tests/ in the source tree.
+std::filesystem::path source_path(std::string_view relative);
+
+// Runs a shell command, returns its exit status and captures standard output.
+struct CommandResult {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+CommandResult run_command(const std::string& command);
+
+// The schichtkalender program built with the tests.
+std::string program();
+
+}  // namespace sk::test
+
+namespace sk::calendar {
+// So that failing expectations print 2024-03-31 rather than a day number.
+void PrintTo(const Day& day, std::ostream* os);
+}  // namespace sk::calendar
