@@ -1,0 +1,197 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "calendar/shift_model.hpp"
+#include "calendar/vacation.hpp"
+#include "test_support.hpp"
+
+namespace sk::calendar {
+namespace {
+
+using Codes = std::array<ShiftCode, 5>;
+
+std::string codes_text(const CrewShifts& s) {
+    std::string t;
+    for (int i = 0; i < s.count; ++i) t += std::to_string(s.code[static_cast<std::size_t>(i)]);
+    return t;
+}
+
+std::string sorted_codes(const CrewShifts& s) {
+    std::string t = codes_text(s);
+    std::sort(t.begin(), t.end());
+    return t;
+}
+
+bool in_transition(int model, DayNumber d) {
+    return (model == 0 || model == 3) && d >= kTransitionFirst && d <= kTransitionLast;
+}
+
+TEST(ShiftModel, KnownDays) {
+    struct Case { int model; int y, m, d; const char* codes; bool regular; };
+    const Case cases[] = {
+        {0, 1970, 0, 1, "14032", true},   // rows 10, 17, 24, 31, 3 of column 1
+        {0, 2015, 0, 1, "31432", false},  // first day of the changeover
+        {0, 2015, 1, 28, "12143", false}, // last day of the changeover
+        {0, 2014, 11, 31, "32140", true},
+        {0, 2015, 2, 1, "10434", true},
+        {1, 2015, 0, 1, "32140", true},   // model 1 never changes over
+        {2, 1970, 0, 1, "012", true},
+        {6, 1970, 0, 1, "2341", true},    // offsets 3, 24, 17, 10
+        {7, 1970, 0, 1, "2143", true},    // offsets 3, 10, 17, 24
+    };
+    for (const Case& c : cases) {
+        const CrewShifts s = crew_shifts(c.model, day_number(c.y, c.m, c.d));
+        EXPECT_EQ(codes_text(s), c.codes) << "model " << c.model << " " << c.y << "-" << c.m + 1;
+        EXPECT_EQ(s.regular, c.regular);
+    }
+}
+
+// Over the whole calendar: every weekday shift is manned exactly once. On
+// Sundays row 13 of the pattern (off) leaves the late shift unmanned.
+TEST(ShiftModel, EveryDayIsManned) {
+    for (int model = 0; model < kModelCount; ++model) {
+        for (DayNumber d = kFirstDay; d <= kLastDay; ++d) {
+            if (in_transition(model, d)) continue;
+            const CrewShifts s = crew_shifts(model, d);
+            const bool sunday = weekday_sunday0(d) == 0;
+            std::string expected;
+            if (model == 2)
+                expected = "012";
+            else if (is_four_crew_model(model))
+                expected = sunday ? "1344" : "1234";
+            else
+                expected = sunday ? "01344" : "01234";
+            ASSERT_EQ(sorted_codes(s), expected)
+                << "model " << model << " on " << ::testing::PrintToString(Day::from_number(d));
+        }
+    }
+}
+
+// A crew's pattern repeats after its cycle, and neighbouring crews run the
+// same pattern a whole number of weeks apart.
+TEST(ShiftModel, CrewsRunOnePatternWeeksApart) {
+    for (int model : {0, 1, 3, 4, 5}) {
+        for (DayNumber d = 16600; d < 16600 + 70; ++d) {
+            const auto today = crew_shifts(model, d);
+            EXPECT_EQ(crew_shifts(model, d + 35).code, today.code);
+            EXPECT_EQ(crew_shifts(model, d + 7).code[0], today.code[1]);
+        }
+    }
+}
+
+TEST(ShiftModel, ChangeoverOnlyInModelsZeroAndThree) {
+    for (int model = 0; model < kModelCount; ++model) {
+        for (DayNumber d = kTransitionFirst - 3; d <= kTransitionLast + 3; ++d) {
+            EXPECT_EQ(crew_shifts(model, d).regular, !in_transition(model, d)) << model << " " << d;
+        }
+    }
+}
+
+TEST(VacationBlock, OrderRotation) {
+    EXPECT_EQ(rotate_order(kVacationOrder, 5), kVacationOrder);
+    EXPECT_EQ(rotate_order(kVacationOrder, 0), kVacationOrder);
+    EXPECT_EQ(rotate_order(kVacationOrder, -3), kVacationOrder);
+    EXPECT_EQ(rotate_order(kVacationOrder, 1)[0], (std::array<int, 5>{1, 2, 3, 4, 0}));
+    EXPECT_EQ(rotate_order(kVacationOrder, 2000000001), rotate_order(kVacationOrder, 1));
+    // Each row is the one before rotated right by two: crew 0 goes in
+    // sub-block 1, 3, 5, 2, 4 in the years 0..4 mod 5.
+    for (int y = 0; y < 5; ++y) {
+        const auto& row = kVacationOrder[static_cast<std::size_t>(y)];
+        EXPECT_EQ(std::find(row.begin(), row.end(), 0) - row.begin(), (std::array{0, 2, 4, 1, 3})[y]);
+    }
+}
+
+// The block starts on a Monday within five weeks after the earliest start,
+// on the day the opening crew reaches row 7 of its cycle.
+TEST(VacationBlock, StartOfEveryYear) {
+    const VacationStart earliest{4, 25};
+    for (int year = 1970; year <= 2037; ++year) {
+        const VacationBlock block = vacation_block(year, kVacationOrder, earliest);
+        const DayNumber d0 = day_number(year, 3, 25);
+        EXPECT_GE(block.start, d0) << year;
+        EXPECT_LT(block.start, d0 + 35) << year;
+        EXPECT_EQ(weekday_monday0(block.start), 0) << year;
+        const int opening = kVacationOrder[static_cast<std::size_t>(year % 5)][0];
+        EXPECT_EQ((block.start + kShiftModels[1].offsets[static_cast<std::size_t>(opening)]) % 35, 7);
+    }
+    // A start that equals the earliest start stays; moving the earliest start
+    // one day later pushes the block five weeks on.
+    const VacationBlock b = vacation_block(2024, kVacationOrder, earliest);
+    const Day s = Day::from_number(b.start);
+    const VacationBlock same = vacation_block(2024, kVacationOrder, {s.month_index + 1, s.mday});
+    EXPECT_EQ(same.start, b.start);
+    const Day next = Day::from_number(b.start + 1);
+    EXPECT_EQ(vacation_block(2024, kVacationOrder, {next.month_index + 1, next.mday}).start,
+              b.start + 35);
+}
+
+TEST(VacationBlock, KnownBlocks) {
+    struct Case { int year; const char* start; };
+    for (const Case c : {Case{2024, "2024-05-20"}, Case{2025, "2025-05-19"}, Case{2026, "2026-05-18"},
+                         Case{2015, "2015-04-27"}, Case{1970, "1970-05-18"}}) {
+        const VacationBlock b = vacation_block(c.year, kVacationOrder, {4, 25});
+        EXPECT_EQ(format_iso_date(Day::from_number(b.start)), c.start) << c.year;
+    }
+}
+
+// Inside the block the exchange moves shifts between crews but never
+// creates or loses an early, late or night shift, and the crew on vacation
+// holds 0 (vacation day) or 5 (day off).
+TEST(VacationBlock, ExchangeKeepsEveryShiftManned) {
+    for (int model : {0, 1, 3, 4, 5}) {
+        for (int year = 1970; year <= 2037; ++year) {
+            const VacationBlock block = vacation_block(year, kVacationOrder, {4, 25});
+            for (DayNumber d = block.start - 2; d < block.start + kBlockDays + 2; ++d) {
+                const CrewShifts plain = crew_shifts(model, d);
+                const CrewShifts moved = crew_shifts(model, d, &block);
+                auto working = [](const CrewShifts& s) {
+                    std::string w;
+                    for (ShiftCode c : s.code) if (is_working(c)) w += static_cast<char>('0' + c);
+                    std::sort(w.begin(), w.end());
+                    return w;
+                };
+                ASSERT_EQ(working(moved), working(plain)) << model << " " << d;
+                if (!block.contains(d)) {
+                    ASSERT_EQ(moved.code, plain.code);
+                    continue;
+                }
+                const auto v = static_cast<std::size_t>(block.crew_on_vacation(d));
+                ASSERT_TRUE(moved.code[v] == shift::kStandby || moved.code[v] == shift::kBlockVacation)
+                    << model << " " << ::testing::PrintToString(Day::from_number(d));
+            }
+        }
+    }
+}
+
+TEST(VacationBlock, ExchangeRules) {
+    VacationBlock block{2024, 1000, {0, 1, 2, 3, 4}};
+    struct Case { DayNumber d; Codes before; Codes after; };
+    const Case cases[] = {
+        // crew 0 on vacation works early: the standby crew 2 takes it over
+        {1000, {1, 2, 0, 3, 4}, {0, 2, 1, 3, 4}},
+        // crew 0 on vacation would be off: standby crew gets 4, crew 0 gets 5
+        {1001, {4, 2, 0, 3, 1}, {5, 2, 4, 3, 1}},
+        // crew 0 is itself in standby: Tuesday..Friday vacation (0), else off (5)
+        {1005, {0, 1, 2, 3, 4}, {5, 1, 2, 3, 4}},  // day 1005: Monday
+        {1006, {0, 1, 2, 3, 4}, {0, 1, 2, 3, 4}},  // Tuesday
+        {1009, {0, 1, 2, 3, 4}, {0, 1, 2, 3, 4}},  // Friday
+        {1010, {0, 1, 2, 3, 4}, {5, 1, 2, 3, 4}},  // Saturday
+        {1011, {0, 1, 2, 3, 4}, {5, 1, 2, 3, 4}},  // Sunday
+        // no crew in standby: nothing changes
+        {1000, {1, 2, 3, 4, 4}, {1, 2, 3, 4, 4}},
+        // last day of the block is sub-block 4: crew 4 goes
+        {1139, {0, 1, 2, 3, 4}, {4, 1, 2, 3, 5}},
+        // the day after the block is untouched
+        {1140, {1, 2, 0, 3, 4}, {1, 2, 0, 3, 4}},
+    };
+    for (const Case& c : cases) {
+        Codes codes = c.before;
+        apply_vacation(codes, c.d, block);
+        EXPECT_EQ(codes, c.after) << "day " << c.d;
+    }
+    EXPECT_EQ(weekday_monday0(1005), 0);
+}
+
+}  // namespace
+}  // namespace sk::calendar
