@@ -2,13 +2,18 @@
 
 #include <charconv>
 #include <ctime>
+#include <filesystem>
+#include <iostream>
+
+#include "settings/settings_file.hpp"
+#include "settings/users.hpp"
 
 namespace sk::cli {
 
 namespace {
 
 std::vector<Command> build_commands() {
-    return {};
+    return {days_command(), holidays_command(), school_holidays_command()};
 }
 
 }  // namespace
@@ -101,12 +106,24 @@ calendar::Day today(const Options& options) {
     return calendar::Day::from_date(local.tm_year + 1900, local.tm_mon, local.tm_mday);
 }
 
-UserContext user_context(const Options& options) {
+UserContext user_context(const Options& options, std::ostream& err) {
     UserContext context;
     context.data_dir_given = options.value("data-dir").has_value();
-    context.data_root = options.value("data-dir").value_or("SKDaten");
-    context.user = options.value("user").value_or("Programm");
-    context.user_dir = context.data_root + "/" + context.user;
+    context.data_root = options.value("data-dir").value_or(std::string(settings::kDefaultDataRoot));
+    if (context.data_root.empty()) throw UsageError("das Datenverzeichnis (--data-dir) ist leer");
+    context.user = options.value("user").value_or(std::string(settings::kDefaultUser));
+    if (const auto error = settings::user_name_error(context.user)) throw UsageError(*error);
+    context.user_dir = (std::filesystem::path(context.data_root) / context.user).string();
+    std::error_code ec;
+    const std::string root = std::filesystem::absolute(context.data_root, ec).lexically_normal().string();
+    context.settings = settings::default_settings(root);
+    if (context.data_dir_given) {
+        if (!std::filesystem::is_directory(context.user_dir, ec))
+            err << "schichtkalender: Hinweis: das Verzeichnis \"" << context.user_dir
+                      << "\" gibt es nicht; es gelten die Standardeinstellungen.\n";
+        context.settings = settings::read_settings_file(
+            std::filesystem::path(context.user_dir) / settings::kSettingsFileName, context.settings);
+    }
     return context;
 }
 

@@ -34,6 +34,9 @@ struct Command {
 };
 
 const std::vector<Command>& commands();
+Command days_command();
+Command holidays_command();
+Command school_holidays_command();
 const Command* find_command(std::string_view name);
 
 // "--name value" or "--name=value" options and positional arguments. Every
@@ -71,7 +74,7 @@ struct UserContext {
     bool data_dir_given = false;
     settings::Settings settings;
 };
-UserContext user_context(const Options& options);
+UserContext user_context(const Options& options, std::ostream& err);
 
 // Parses a whole number; nullopt unless the whole text is one.
 std::optional<long long> parse_integer(std::string_view text);
