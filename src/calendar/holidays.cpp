@@ -98,7 +98,7 @@ int easter_day_of_year(int year) {
     const int a = year % 19;                                   // [0, 18]
     const int d = (19 * a + m) % 30;                           // [0, 29]
     const int r = d / 29 + (d / 28 - d / 29) * (a / 11);       // [0, 1]
-    const int full_moon = 21 + d - r;                          // March date, [21, 50]
+    const int full_moon = 21 + d - r;                          // March date, [21, 49]
     const int first_sunday = 7 - (year + year / 4 + s) % 7;    // March date, [1, 7]
     const int to_sunday = 7 - (full_moon - first_sunday) % 7;  // [1, 7]
     // full_moon + to_sunday is Easter as a March date; before it lie the 31
