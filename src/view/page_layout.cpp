@@ -1,0 +1,375 @@
+#include "view/page_layout.hpp"
+
+#include <algorithm>
+#include <cmath>
+
+#include "calendar/holidays.hpp"
+#include "calendar/school_holidays.hpp"
+#include "view/page_builder.hpp"
+
+namespace sk::view {
+
+using calendar::Day;
+using calendar::DayNumber;
+namespace g = geometry;
+
+// ---------------------------------------------------------------- builder
+
+double PageBuilder::px_x(double cells) const { return std::round(cells * m_cell.width); }
+double PageBuilder::px_y(double cells) const { return std::round(cells * m_cell.height); }
+
+Rect PageBuilder::cells(double x, double y, double w, double h) const {
+    const double left = px_x(x), top = px_y(y);
+    return {left, top, px_x(x + w) - left, px_y(y + h) - top};
+}
+
+void PageBuilder::box(Layer layer, const Rect& r, Rgb colour) {
+    if (r.w > 0 && r.h > 0) m_layout.layer(layer).push_back({r, colour});
+}
+
+void PageBuilder::frame(const Rect& r, Rgb colour, double width) {
+    m_layout.frames.push_back({r, colour, width});
+}
+
+const TextItem& PageBuilder::text(TextStyle style, std::string_view text, double x, double top,
+                                  Rgb colour, Align align, double line_height) {
+    const ShapedText& shaped = m_shaper.shape(style, text);
+    if (line_height <= 0) line_height = m_cell.height;
+    if (align == Align::Centre) x -= shaped.width / 2;
+    if (align == Align::Right) x -= shaped.width;
+    const double baseline = top + (line_height - shaped.height) / 2 + shaped.baseline;
+    m_layout.texts.push_back({std::string(text), style, colour, x, baseline, &shaped});
+    return m_layout.texts.back();
+}
+
+double PageBuilder::text_width(TextStyle style, std::string_view text) {
+    return m_shaper.shape(style, text).width;
+}
+
+Rgb crew_colour(int crew) {
+    return Rgb::from_value(calendar::kCrewColours[static_cast<std::size_t>(std::clamp(crew, 0, 4))]);
+}
+
+std::string crew_label(int model, int crew) {
+    if (calendar::is_four_crew_model(model)) return std::string(1, static_cast<char>('A' + crew));
+    return std::to_string(crew + 1);
+}
+
+// ---------------------------------------------------------------- letters
+
+std::string_view shift_letter(CellKind kind, calendar::ShiftCode code) {
+    switch (kind) {
+        case CellKind::Work:
+            return code == calendar::shift::kEarly ? "F" : code == calendar::shift::kLate ? "S" : "N";
+        case CellKind::Standby: return "V";
+        case CellKind::Vacation: return "U";
+        case CellKind::VacationOff: return "US";
+        case CellKind::Off: break;
+    }
+    return "";
+}
+
+std::string_view marking_letter(int model, int code) {
+    // Models 0..5: "Arbeitseinsatz (X)", "Freizeit", "Urlaub", "Lehrgang",
+    // "Krank", "Ausfallbezahlung"; models 6 and 7 first name the shift worked.
+    static constexpr std::string_view kShiftKind[] = {"X", "F", "U", "L", "K", "A"};
+    static constexpr std::string_view kCrewKind[] = {"F", "S", "N", "FZ", "U", "L", "K", "A"};
+    if (calendar::is_four_crew_model(model))
+        return code >= 0 && code < 8 ? kCrewKind[code] : "?";
+    return code >= 0 && code < 6 ? kShiftKind[code] : "?";
+}
+
+// ---------------------------------------------------------------- page
+
+namespace {
+
+struct MonthOf {
+    int year;
+    int month_index;
+};
+
+MonthOf month_of_column(const PageRequest& r, int column) {
+    const int index = r.first_month_index + column;  // [0, 34]
+    return {r.first_year + index / 12, index % 12};
+}
+
+class DayRowBuilder {
+public:
+    DayRowBuilder(PageBuilder& b, const PageRequest& request, const PageExtras& extras)
+        : m_b(b), m_request(request), m_extras(extras), m_range(page_days(request)) {
+        const DisplayOptions& o = request.options;
+        if (o.moon_phases && extras.sky) {
+            m_sky = extras.sky(m_range.first, m_range.last);
+            m_facts.sky = true;
+        }
+        m_with_block = o.vacation_block && calendar::has_vacation_block(request.model);
+        m_free_level = calendar::kShiftModels[static_cast<std::size_t>(request.model)].free_day_level;
+    }
+
+    const PageFacts& facts() const { return m_facts; }
+
+    void column(int index) {
+        const MonthOf m = month_of_column(m_request, index);
+        const double left = g::column_left(index);
+        PageLayout& layout = m_b.layout();
+
+        MonthColumn month;
+        month.year = m.year;
+        month.month_index = m.month_index;
+        month.header = std::string(calendar::kMonthNames[static_cast<std::size_t>(m.month_index)]);
+        // The year goes with January and with the first column.
+        if (m.month_index == 0 || index == 0) month.header += " " + std::to_string(m.year);
+        month.first_day = static_cast<int>(layout.days.size());
+        month.day_count = calendar::month_length(m.year, m.month_index);
+        month.area = m_b.cells(left, g::kMonthRow, g::kRowEnd,
+                               g::kFirstDayRow + month.day_count - g::kMonthRow);
+        m_b.text(TextStyle::Bold, month.header, m_b.px_x(left + 0.5), m_b.px_y(g::kMonthRow),
+                 palette::kText);
+        headings(left);
+
+        if (m_with_block && m_block.year != m.year)
+            m_block = calendar::vacation_block(m.year, m_request.vacation_order,
+                                               m_request.vacation_earliest);
+        for (int mday = 1; mday <= month.day_count; ++mday)
+            day(index, left, Day::from_date(m.year, m.month_index, mday));
+        if (m_request.model == 5) add_plan_school_holidays(m_b, left, m.year, m.month_index);
+        layout.months.push_back(std::move(month));
+    }
+
+private:
+    void headings(double left) {
+        const ShiftDay sample = shift_day(m_request.model, m_range.first, nullptr);
+        const Rect top = m_b.cells(left, g::kHeadingRow, g::kRowEnd, 1);
+        if (m_request.options.week_numbers)
+            m_b.text(TextStyle::SmallBold, "KW", m_b.px_x(left + g::kWeekX + 0.85), top.y,
+                     palette::kWeekNumber, Align::Centre);
+        for (int c = 0; c < sample.crews; ++c) {
+            Rect r = crew_rect(left, c, sample.crews, top);
+            r.y += 1;
+            r.h -= 2;
+            const Rgb colour = crew_colour(c);
+            m_b.box(Layer::Cell, r, colour);
+            m_b.text(TextStyle::SmallBold, crew_label(m_request.model, c), r.x + r.w / 2, top.y,
+                     text_colour_on(colour), Align::Centre);
+        }
+        // A dark rule between the headings and the first day.
+        m_b.box(Layer::Rule, {top.x, top.bottom() - 1, top.w, 1}, palette::kHeaderRule);
+    }
+
+    // Cell of crew c among n in the shift area of a row, 1 pixel apart.
+    Rect crew_rect(double left, int c, int n, const Rect& row) const {
+        const double x0 = (left + g::kShiftX) * m_b.cell().width;
+        const double w = (g::kShiftEnd - g::kShiftX) * m_b.cell().width / n;
+        const double a = std::round(x0 + c * w);
+        const double b = std::round(x0 + (c + 1) * w);
+        return {a + 1, row.y + 1, b - a - 1, row.h - 2};
+    }
+
+    // The pixels from x to x + w (cells) of a row.
+    Rect part(double x, double w, const Rect& row) const {
+        const double a = m_b.px_x(x);
+        return {a, row.y, m_b.px_x(x + w) - a, row.h};
+    }
+
+    void day(int column, double left, const Day& day) {
+        PageLayout& layout = m_b.layout();
+        const DisplayOptions& o = m_request.options;
+        DayCell cell;
+        cell.day = day;
+        cell.column = column;
+        cell.row = m_b.cells(left, g::kFirstDayRow + day.mday - 1, g::kRowEnd, 1);
+        const Rect& row = cell.row;
+        const double top = row.y;
+        cell.red = day.is_sunday() || calendar::is_public_holiday(day);
+        cell.free_day = calendar::is_free_day(day, m_free_level);
+        cell.school_holiday = o.school_holidays && calendar::is_school_holiday(day);
+        cell.has_notes = m_extras.has_notes && m_extras.has_notes(day);
+        cell.marking_colour = m_extras.marking_colour ? m_extras.marking_colour(day.number) : 0;
+        m_facts.notes |= cell.has_notes;
+        m_facts.markings |= cell.marking_colour != 0;
+
+        // Bands across the row for Saturdays, Sundays and holidays; a rule below.
+        if (cell.red) m_b.box(Layer::Band, row, palette::kSundayBand);
+        else if (day.weekday() == 6) m_b.box(Layer::Band, row, palette::kSaturdayBand);
+        m_b.box(Layer::Rule, {row.x, row.bottom() - 1, row.w, 1}, palette::kRule);
+
+        if (cell.school_holiday)
+            m_b.box(Layer::Stripe, part(left + g::kStripeX, g::kStripeW, row), palette::kSchoolStripe);
+        if (cell.marking_colour != 0)
+            m_b.box(Layer::Marking, part(left + g::kMarkingX, g::kMarkingW, row),
+                    Rgb::from_value(cell.marking_colour));
+        if (cell.has_notes) {
+            const Rect r = part(left + g::kStripeX, g::kStripeW, row);
+            m_b.box(Layer::Note, {r.x + 1, r.y + 2, r.w - 2, r.h - 4}, palette::kNoteHighlight);
+        }
+
+        const Rgb ink = cell.red ? palette::kHolidayRed : palette::kText;
+        m_b.text(TextStyle::Regular, kNumbers[static_cast<std::size_t>(day.mday)],
+                 m_b.px_x(left + g::kNumberRight), top, ink, Align::Right);
+        m_b.text(TextStyle::Regular, calendar::kWeekdayNames[static_cast<std::size_t>(day.weekday())].substr(0, 2),
+                 m_b.px_x(left + g::kWeekdayX), top, ink);
+
+        if (o.week_numbers && (day.weekday() == 1 || day.mday == 1)) {
+            const int week = calendar::week_number(day);
+            cell.week_number = week;
+            // A one-digit week stands half a cell further right, under the
+            // middle of the two-digit ones.
+            const double x = left + g::kWeekX + (week < 10 ? 0.5 : 0.0);
+            m_b.text(TextStyle::Small, kNumbers[static_cast<std::size_t>(week)], m_b.px_x(x), top,
+                     palette::kWeekNumber);
+        }
+
+        if (!m_sky.empty()) sky(left, row, m_sky[static_cast<std::size_t>(day.number - m_range.first)]);
+
+        shifts(left, cell);
+        overlays(row, day);
+        layout.days.push_back(cell);
+    }
+
+    void sky(double left, const Rect& row, const DaySky& s) {
+        if (s.phase != MoonPhase::None) {
+            const double r = std::min(0.3 * row.h, 0.6 * m_b.cell().width);
+            const bool eclipse = (s.phase == MoonPhase::NewMoon && s.solar_eclipse) ||
+                                 (s.phase == MoonPhase::FullMoon && s.lunar_eclipse);
+            m_b.layout().moons.push_back(
+                {(left + g::kMoonX) * m_b.cell().width, row.y + row.h / 2, r, s.phase, eclipse});
+        }
+        if (!m_request.options.distances) return;
+        const char* letter = nullptr;
+        Rgb colour = palette::kMoonDistance;
+        if (s.perigee) letter = "N";
+        else if (s.apogee) letter = "F";
+        else if (s.perihelion || s.aphelion) {
+            letter = s.perihelion ? "N" : "F";
+            colour = palette::kSunDistance;
+        }
+        if (letter)
+            m_b.text(TextStyle::SmallBold, letter, m_b.px_x(left + g::kDistanceX), row.y, colour);
+    }
+
+    void shifts(double left, DayCell& cell) {
+        const DayNumber d = cell.day.number;
+        const ShiftDay s = shift_day(m_request.model, d, m_with_block ? &m_block : nullptr);
+        cell.crews = s.crews;
+        int marked = -1;
+        std::string_view mark_text;
+        if (m_extras.shift_marking) {
+            if (const auto mark = m_extras.shift_marking(d)) {
+                marked = marked_crew(m_request.model, s, *mark);
+                mark_text = marking_letter(m_request.model, mark->code);
+                m_facts.shift_marks |= marked >= 0;
+            }
+        }
+        const double stroke = std::max(1.0, std::round(m_b.cell().width / 6));
+        for (int c = 0; c < s.crews; ++c) {
+            ShiftCell& sc = cell.shifts[static_cast<std::size_t>(c)];
+            sc.rect = crew_rect(left, c, s.crews, cell.row);
+            sc.code = s.codes[static_cast<std::size_t>(c)];
+            sc.kind = s.kinds[static_cast<std::size_t>(c)];
+            sc.marked = c == marked;
+            const Rect& r = sc.rect;
+            const double mid = r.x + r.w / 2;
+            const Rgb crew = crew_colour(c);
+            if (sc.marked) {
+                m_b.box(Layer::Cell, r, kWhite);
+                m_b.frame(r, palette::kMarkingFrame, stroke);
+                m_b.text(mark_text.size() > 1 ? TextStyle::SmallBold : TextStyle::Bold, mark_text,
+                         mid, cell.row.y, palette::kText, Align::Centre);
+                continue;
+            }
+            const std::string_view letter = shift_letter(sc.kind, sc.code);
+            switch (sc.kind) {
+                case CellKind::Off: break;
+                case CellKind::Work:
+                    if (cell.free_day) {
+                        m_b.text(TextStyle::Regular, letter, mid, cell.row.y, palette::kMuted,
+                                 Align::Centre);
+                    } else {
+                        m_b.box(Layer::Cell, r, crew);
+                        m_b.text(TextStyle::Bold, letter, mid, cell.row.y, text_colour_on(crew),
+                                 Align::Centre);
+                    }
+                    break;
+                case CellKind::Standby:
+                    m_b.frame(r, mix(crew, kBlack, 0.2), stroke);
+                    m_b.text(TextStyle::Bold, letter, mid, cell.row.y, palette::kStandbyText,
+                             Align::Centre);
+                    break;
+                case CellKind::Vacation:
+                case CellKind::VacationOff: {
+                    const bool off = sc.kind == CellKind::VacationOff;
+                    const Rgb pale = mix(crew, kWhite, off ? 0.82 : 0.62);
+                    m_b.box(Layer::Cell, r, pale);
+                    m_b.text(off ? TextStyle::SmallBold : TextStyle::Bold, letter, mid, cell.row.y,
+                             off ? palette::kStandbyText : palette::kText, Align::Centre);
+                    m_facts.vacation = true;
+                    break;
+                }
+            }
+        }
+    }
+
+    // The cursor first, so that today's frame stays visible on the cursor day.
+    void overlays(const Rect& row, const Day& day) {
+        PageLayout& layout = m_b.layout();
+        const double w = today_frame_width(m_b.cell());
+        if (m_request.cursor && day == *m_request.cursor)
+            layout.overlays.push_back({row, palette::kCursor, 0.28, palette::kCursor, w - 1});
+        if (day == m_request.today) layout.overlays.push_back({row, {}, 0, palette::kToday, w});
+    }
+
+    // "0".."53" without building strings per day.
+    static constexpr std::string_view kNumbers[] = {
+        "0",  "1",  "2",  "3",  "4",  "5",  "6",  "7",  "8",  "9",  "10", "11", "12", "13",
+        "14", "15", "16", "17", "18", "19", "20", "21", "22", "23", "24", "25", "26", "27",
+        "28", "29", "30", "31", "32", "33", "34", "35", "36", "37", "38", "39", "40", "41",
+        "42", "43", "44", "45", "46", "47", "48", "49", "50", "51", "52", "53"};
+
+    PageBuilder& m_b;
+    const PageRequest& m_request;
+    const PageExtras& m_extras;
+    DayRange m_range;
+    std::vector<DaySky> m_sky;
+    bool m_with_block = false;
+    int m_free_level = 0;
+    calendar::VacationBlock m_block{};
+    PageFacts m_facts;
+};
+
+}  // namespace
+
+PageLayout layout_page(const PageRequest& request_in, const PageExtras& extras, TextShaper& shaper) {
+    PageRequest request = request_in;
+    request.columns = std::clamp(request.columns, 1, g::kMaxColumns);
+    if (!calendar::is_valid_model(request.model)) request.model = 0;
+
+    PageLayout layout;
+    layout.cell = shaper.cell();
+    const g::PixelSize size = g::page_pixel_size(layout.cell, request.columns);
+    layout.width = size.width;
+    layout.height = size.height;
+    layout.columns = request.columns;
+    layout.model = request.model;
+    layout.days.reserve(static_cast<std::size_t>(request.columns) * 31);
+    layout.texts.reserve(static_cast<std::size_t>(request.columns) * 31 * 8 + 100);
+
+    PageBuilder b(layout, shaper);
+    add_title(b, request);
+    DayRowBuilder rows(b, request, extras);
+    for (int c = 0; c < request.columns; ++c) rows.column(c);
+    add_legend(b, request, rows.facts());
+    return layout;
+}
+
+std::optional<Day> day_at(const PageLayout& layout, double x, double y) {
+    for (const MonthColumn& m : layout.months) {
+        if (!m.area.contains(x, y)) continue;
+        for (int i = 0; i < m.day_count; ++i) {
+            const DayCell& c = layout.days[static_cast<std::size_t>(m.first_day + i)];
+            if (c.row.contains(x, y)) return c.day;
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace sk::view
