@@ -42,6 +42,9 @@ inline constexpr Rgb kLegendSwatch{110, 110, 110};
 // Width of today's frame, drawn centred on the edges of the day row.
 inline double today_frame_width(CellSize cell) { return std::max(2.0, std::round(cell.height / 6)); }
 
+// The note highlight: a box behind a right-aligned day number.
+Rect note_highlight(double text_right, double text_width, const Rect& row);
+
 // Crew colour of a page column of a model.
 Rgb crew_colour(int crew);
 // Heading of a crew column: "1".."5" (the plan's "Schicht       01" in
@@ -67,9 +70,12 @@ public:
     void box(Layer layer, const Rect& r, Rgb colour);
     void frame(const Rect& r, Rgb colour, double width);
     // Places `text` in the line box starting at `top` (pixels) of the line
-    // height, vertically centred; `x` is its left, centre or right end.
+    // height, vertically centred; `x` is its left, centre or right end. A
+    // text wider than `max_width` is squeezed to fit (to 55 % at most).
     const TextItem& text(TextStyle style, std::string_view text, double x, double top, Rgb colour,
-                         Align align = Align::Left, double line_height = 0);
+                         Align align = Align::Left, double line_height = 0, double max_width = 0);
+    // A letter centred in a cell, squeezed when it is wider than the cell.
+    const TextItem& cell_text(TextStyle style, std::string_view text, const Rect& cell, Rgb colour);
     double text_width(TextStyle style, std::string_view text);
 
 private:

@@ -32,18 +32,34 @@ void PageBuilder::frame(const Rect& r, Rgb colour, double width) {
 }
 
 const TextItem& PageBuilder::text(TextStyle style, std::string_view text, double x, double top,
-                                  Rgb colour, Align align, double line_height) {
+                                  Rgb colour, Align align, double line_height, double max_width) {
     const ShapedText& shaped = m_shaper.shape(style, text);
     if (line_height <= 0) line_height = m_cell.height;
-    if (align == Align::Centre) x -= shaped.width / 2;
-    if (align == Align::Right) x -= shaped.width;
+    double squeeze = 1;
+    if (max_width > 0 && shaped.width > max_width) squeeze = std::max(0.55, max_width / shaped.width);
+    const double width = shaped.width * squeeze;
+    if (align == Align::Centre) x -= width / 2;
+    if (align == Align::Right) x -= width;
     const double baseline = top + (line_height - shaped.height) / 2 + shaped.baseline;
-    m_layout.texts.push_back({std::string(text), style, colour, x, baseline, &shaped});
+    m_layout.texts.push_back({std::string(text), style, colour, x, baseline, &shaped, squeeze});
     return m_layout.texts.back();
+}
+
+const TextItem& PageBuilder::cell_text(TextStyle style, std::string_view text, const Rect& cell,
+                                       Rgb colour) {
+    // Cells are inset by a pixel from their line box.
+    return this->text(style, text, cell.x + cell.w / 2, cell.y - 1, colour, Align::Centre,
+                      cell.h + 2, cell.w - 1);
 }
 
 double PageBuilder::text_width(TextStyle style, std::string_view text) {
     return m_shaper.shape(style, text).width;
+}
+
+Rect note_highlight(double text_right, double text_width, const Rect& row) {
+    const double pad = 2;
+    const double left = std::floor(text_right - text_width - pad);
+    return {left, row.y + 1, std::ceil(text_right + pad) - left, row.h - 2};
 }
 
 Rgb crew_colour(int crew) {
@@ -149,8 +165,7 @@ private:
             r.h -= 2;
             const Rgb colour = crew_colour(c);
             m_b.box(Layer::Cell, r, colour);
-            m_b.text(TextStyle::SmallBold, crew_label(m_request.model, c), r.x + r.w / 2, top.y,
-                     text_colour_on(colour), Align::Centre);
+            m_b.cell_text(TextStyle::SmallBold, crew_label(m_request.model, c), r, text_colour_on(colour));
         }
         // A dark rule between the headings and the first day.
         m_b.box(Layer::Rule, {top.x, top.bottom() - 1, top.w, 1}, palette::kHeaderRule);
@@ -198,14 +213,14 @@ private:
         if (cell.marking_colour != 0)
             m_b.box(Layer::Marking, part(left + g::kMarkingX, g::kMarkingW, row),
                     Rgb::from_value(cell.marking_colour));
-        if (cell.has_notes) {
-            const Rect r = part(left + g::kStripeX, g::kStripeW, row);
-            m_b.box(Layer::Note, {r.x + 1, r.y + 2, r.w - 2, r.h - 4}, palette::kNoteHighlight);
-        }
+        const std::string_view number = kNumbers[static_cast<std::size_t>(day.mday)];
+        const double number_right = m_b.px_x(left + g::kNumberRight);
+        if (cell.has_notes)
+            m_b.box(Layer::Note, note_highlight(number_right, m_b.text_width(TextStyle::Regular, number), row),
+                    palette::kNoteHighlight);
 
         const Rgb ink = cell.red ? palette::kHolidayRed : palette::kText;
-        m_b.text(TextStyle::Regular, kNumbers[static_cast<std::size_t>(day.mday)],
-                 m_b.px_x(left + g::kNumberRight), top, ink, Align::Right);
+        m_b.text(TextStyle::Regular, number, number_right, top, ink, Align::Right);
         m_b.text(TextStyle::Regular, calendar::kWeekdayNames[static_cast<std::size_t>(day.weekday())].substr(0, 2),
                  m_b.px_x(left + g::kWeekdayX), top, ink);
 
@@ -268,13 +283,12 @@ private:
             sc.kind = s.kinds[static_cast<std::size_t>(c)];
             sc.marked = c == marked;
             const Rect& r = sc.rect;
-            const double mid = r.x + r.w / 2;
             const Rgb crew = crew_colour(c);
             if (sc.marked) {
                 m_b.box(Layer::Cell, r, kWhite);
                 m_b.frame(r, palette::kMarkingFrame, stroke);
-                m_b.text(mark_text.size() > 1 ? TextStyle::SmallBold : TextStyle::Bold, mark_text,
-                         mid, cell.row.y, palette::kText, Align::Centre);
+                m_b.cell_text(mark_text.size() > 1 ? TextStyle::SmallBold : TextStyle::Bold, mark_text,
+                              r, palette::kText);
                 continue;
             }
             const std::string_view letter = shift_letter(sc.kind, sc.code);
@@ -282,26 +296,23 @@ private:
                 case CellKind::Off: break;
                 case CellKind::Work:
                     if (cell.free_day) {
-                        m_b.text(TextStyle::Regular, letter, mid, cell.row.y, palette::kMuted,
-                                 Align::Centre);
+                        m_b.cell_text(TextStyle::Regular, letter, r, palette::kMuted);
                     } else {
                         m_b.box(Layer::Cell, r, crew);
-                        m_b.text(TextStyle::Bold, letter, mid, cell.row.y, text_colour_on(crew),
-                                 Align::Centre);
+                        m_b.cell_text(TextStyle::Bold, letter, r, text_colour_on(crew));
                     }
                     break;
                 case CellKind::Standby:
                     m_b.frame(r, mix(crew, kBlack, 0.2), stroke);
-                    m_b.text(TextStyle::Bold, letter, mid, cell.row.y, palette::kStandbyText,
-                             Align::Centre);
+                    m_b.cell_text(TextStyle::Bold, letter, r, palette::kStandbyText);
                     break;
                 case CellKind::Vacation:
                 case CellKind::VacationOff: {
                     const bool off = sc.kind == CellKind::VacationOff;
                     const Rgb pale = mix(crew, kWhite, off ? 0.82 : 0.62);
                     m_b.box(Layer::Cell, r, pale);
-                    m_b.text(off ? TextStyle::SmallBold : TextStyle::Bold, letter, mid, cell.row.y,
-                             off ? palette::kStandbyText : palette::kText, Align::Centre);
+                    m_b.cell_text(off ? TextStyle::SmallBold : TextStyle::Bold, letter, r,
+                                  off ? palette::kStandbyText : palette::kText);
                     m_facts.vacation = true;
                     break;
                 }
@@ -344,6 +355,7 @@ PageLayout layout_page(const PageRequest& request_in, const PageExtras& extras, 
     if (!calendar::is_valid_model(request.model)) request.model = 0;
 
     PageLayout layout;
+    layout.shaper = &shaper;
     layout.cell = shaper.cell();
     const g::PixelSize size = g::page_pixel_size(layout.cell, request.columns);
     layout.width = size.width;

@@ -58,13 +58,16 @@ struct MoonItem {
 };
 
 // A text placed with the left end of its baseline at (x, y). `shaped` points
-// into the TextShaper that made the layout.
+// into the TextShaper that made the layout. A text too wide for its cell is
+// squeezed horizontally by `squeeze` (1 = as shaped).
 struct TextItem {
     std::string text;
     TextStyle style = TextStyle::Regular;
     Rgb colour;
     double x = 0, y = 0;
     const ShapedText* shaped = nullptr;
+    double squeeze = 1;
+    double width() const { return shaped ? shaped->width * squeeze : 0; }
 };
 
 // Drawn after the texts: today's frame and the cursor.
@@ -117,6 +120,7 @@ struct MonthColumn {
 };
 
 struct PageLayout {
+    TextShaper* shaper = nullptr;  // the shaper of the texts, also used when painting
     CellSize cell;
     double width = 0, height = 0;  // pixels
     int columns = 0;

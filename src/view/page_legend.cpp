@@ -37,26 +37,28 @@ public:
                 TextStyle style = TextStyle::Bold) {
         const Rect r = swatch();
         m_b.box(Layer::Cell, r, fill);
-        m_b.text(style, letter, r.x + r.w / 2, r.y - 1, text_colour_on(fill), Align::Centre);
+        m_b.cell_text(style, letter, r, text_colour_on(fill));
         next(label);
     }
     void framed(std::string_view letter, Rgb frame, std::string_view label) {
         const Rect r = swatch();
         m_b.frame(r, frame, stroke());
-        m_b.text(TextStyle::Bold, letter, r.x + r.w / 2, r.y - 1, palette::kStandbyText, Align::Centre);
+        m_b.cell_text(TextStyle::Bold, letter, r, palette::kStandbyText);
         next(label);
     }
     void letter(std::string_view letter, Rgb colour, TextStyle style, std::string_view label) {
         const Rect r = swatch();
-        m_b.text(style, letter, r.x + r.w / 2, r.y - 1, colour, Align::Centre);
+        m_b.cell_text(style, letter, r, colour);
         next(label);
     }
     // A day-number sample on a background (band, stripe or note highlight).
     void day_sample(std::string_view text, Rgb ink, Layer layer, Rgb background, std::string_view label) {
         const Rect r = row_swatch();
-        if (layer == Layer::Note) m_b.box(layer, {r.x + 1, r.y + 2, r.w - 2, r.h - 4}, background);
+        const double right = r.x + r.w - 2;
+        if (layer == Layer::Note)
+            m_b.box(layer, note_highlight(right, m_b.text_width(TextStyle::Regular, text), r), background);
         else m_b.box(layer, r, background);
-        m_b.text(TextStyle::Regular, text, r.x + r.w / 2, r.y, ink, Align::Centre);
+        m_b.text(TextStyle::Regular, text, right, r.y, ink, Align::Right);
         next(label);
     }
     void bar(Rgb colour, std::string_view label) {
@@ -85,10 +87,14 @@ public:
         next(label, std::max(kLabelX, (cx - m_b.px_x(m_left)) / m_b.cell().width + 0.3));
     }
     void text_row(std::string_view text, Rgb colour = palette::kText, double indent = 0,
-                  TextStyle style = TextStyle::Regular) {
-        m_b.text(style, text, m_b.px_x(m_left + indent), m_b.px_y(m_y), colour);
+                  TextStyle style = TextStyle::Small) {
+        m_b.text(style, text, m_b.px_x(m_left + indent), m_b.px_y(m_y), colour, Align::Left, 0,
+                 room(indent));
         m_y += 1;
     }
+
+    // Pixels from x (cells into the legend) to its right end.
+    double room(double x) const { return m_b.px_x(m_left + kLegendWidth) - m_b.px_x(m_left + x); }
 
     PageBuilder& builder() { return m_b; }
     double left() const { return m_left; }
@@ -102,7 +108,8 @@ private:
     Rect row_swatch() const { return m_b.cells(m_left, m_y, kSwatchWidth, 1); }
     double stroke() const { return std::max(1.0, std::round(m_b.cell().width / 6)); }
     void next(std::string_view label, double label_x = kLabelX) {
-        m_b.text(TextStyle::Small, label, m_b.px_x(m_left + label_x), m_b.px_y(m_y), palette::kText);
+        m_b.text(TextStyle::Small, label, m_b.px_x(m_left + label_x), m_b.px_y(m_y), palette::kText,
+                 Align::Left, 0, room(label_x));
         m_y += 1;
     }
 
@@ -127,7 +134,7 @@ void plan_part(Legend& l, const PageRequest& request) {
         const Rgb colour = crew_colour(c);
         b.box(Layer::Cell, {r.x, r.y + 1, r.w, r.h - 2}, colour);
         b.text(TextStyle::Bold, "Schicht       0" + std::to_string(c + 1), b.px_x(l.left() + 0.5),
-               r.y, text_colour_on(colour));
+               r.y, text_colour_on(colour), Align::Left, 0, l.room(0.5));
         l.advance(1);
     }
     l.gap();
@@ -152,9 +159,10 @@ void plan_part(Legend& l, const PageRequest& request) {
     if (request.options.vacation_block) l.text_row("U/US = Urlaub");
     l.gap();
     const double top = b.px_y(l.y());
-    const TextItem& label = b.text(TextStyle::Regular, "Sollstunden:", b.px_x(l.left()), top, palette::kText);
-    b.text(TextStyle::Bold, hours_text(request.target_hours),
-           label.x + label.shaped->width + b.cell().width / 2, top, palette::kText);
+    const TextItem& label = b.text(TextStyle::Small, "Sollstunden:", b.px_x(l.left()), top, palette::kText);
+    const double x = label.x + label.width() + b.cell().width / 2;
+    b.text(TextStyle::SmallBold, hours_text(request.target_hours), x, top, palette::kText, Align::Left,
+           0, b.px_x(l.left() + kLegendWidth) - x);
     l.advance(1);
     l.gap();
 }
@@ -210,7 +218,7 @@ void add_title(PageBuilder& b, const PageRequest& request) {
                                palette::kText, Align::Left, b.cell().height * 1.25);
 
     const calendar::ShiftModel& model = calendar::kShiftModels[static_cast<std::size_t>(request.model)];
-    const double x = t.x + t.shaped->width + b.cell().width * 1.5;
+    const double x = t.x + t.width() + b.cell().width * 1.5;
     std::string subtitle = std::string(model.chooser_entry) + " \u2013 " + std::string(model.description);
     const double room = b.layout().width - b.cell().width;
     if (x + b.text_width(TextStyle::Regular, subtitle) > room) subtitle = model.chooser_entry;
@@ -232,11 +240,11 @@ void add_legend(PageBuilder& b, const PageRequest& request, const PageFacts& fac
     l.day_sample("Sa", palette::kText, Layer::Band, palette::kSaturdayBand, "Samstag");
     if (o.school_holidays) {
         // The plan names the holidays below each month under this heading.
-        if (request.model == 5) l.text_row("Bayerische Schulferien", palette::kText, 0, TextStyle::Small);
+        if (request.model == 5) l.text_row("Bayerische Schulferien");
         l.day_sample("", palette::kText, Layer::Stripe, palette::kSchoolStripe,
                      request.model == 5 ? "Ferientage" : "Schulferien");
     }
-    if (facts.notes) l.day_sample("", palette::kText, Layer::Note, palette::kNoteHighlight, "Notiz");
+    if (facts.notes) l.day_sample("12", palette::kText, Layer::Note, palette::kNoteHighlight, "Notiz");
     if (facts.markings) l.bar(palette::kDefaultMarking, "Kalendermarkierung");
     const double w = today_frame_width(b.cell());
     l.outline({{}, {}, 0, palette::kToday, w}, "heute");

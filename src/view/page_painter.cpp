@@ -3,6 +3,7 @@
 #include <cmath>
 #include <vector>
 
+#include "view/image_painter.hpp"
 #include "view/page_builder.hpp"
 
 namespace sk::view {
@@ -34,8 +35,10 @@ void inside_path(cairo_t* cr, const Rect& r, double width) {
     cairo_rectangle(cr, r.x + h, r.y + h, r.w - width, r.h - width);
 }
 
+}  // namespace
+
 // Frames of one colour and width in one stroke.
-void stroke_frames(cairo_t* cr, const std::vector<Frame>& frames) {
+void paint_frames(cairo_t* cr, const std::vector<Frame>& frames) {
     std::vector<bool> done(frames.size(), false);
     for (std::size_t i = 0; i < frames.size(); ++i) {
         if (done[i]) continue;
@@ -50,6 +53,8 @@ void stroke_frames(cairo_t* cr, const std::vector<Frame>& frames) {
         cairo_stroke(cr);
     }
 }
+
+namespace {
 
 void paint_moon(cairo_t* cr, const MoonItem& m) {
     constexpr double kPi = 3.14159265358979323846;
@@ -83,44 +88,61 @@ void paint_moon(cairo_t* cr, const MoonItem& m) {
 struct GlyphBatch {
     cairo_scaled_font_t* font;
     Rgb colour;
+    double squeeze;
     std::vector<cairo_glyph_t> glyphs;
 };
 
-void paint_texts(cairo_t* cr, const std::vector<TextItem>& texts) {
-    std::vector<GlyphBatch> batches;
-    for (const TextItem& t : texts) {
-        if (!t.shaped) continue;
-        for (const GlyphRun& run : t.shaped->runs) {
-            GlyphBatch* batch = nullptr;
-            for (GlyphBatch& b : batches)
-                if (b.font == run.font.get() && b.colour == t.colour) batch = &b;
-            if (!batch) batch = &batches.emplace_back(GlyphBatch{run.font.get(), t.colour, {}});
-            for (const cairo_glyph_t& g : run.glyphs)
-                batch->glyphs.push_back({g.index, g.x + t.x, g.y + t.y});
-        }
-    }
-    for (const GlyphBatch& b : batches) {
+void show_batches(cairo_t* cr, std::vector<GlyphBatch>& batches) {
+    for (GlyphBatch& b : batches) {
+        if (b.glyphs.empty()) continue;
+        cairo_save(cr);
+        if (b.squeeze != 1) cairo_scale(cr, b.squeeze, 1);
         cairo_set_scaled_font(cr, b.font);
         set_colour(cr, b.colour);
         cairo_show_glyphs(cr, b.glyphs.data(), static_cast<int>(b.glyphs.size()));
+        cairo_restore(cr);
+        b.glyphs.clear();
     }
+}
+
+// Texts are drawn in batches of one font and colour per tile of a day row
+// (a month column wide, a line high). Cairo composites a glyph call through a
+// mask as large as the call's glyphs cover, so page-wide batches would cost
+// far more than the glyphs themselves.
+void paint_texts(cairo_t* cr, const PageLayout& layout) {
+    const double tile_w = layout.cell.width * 18;
+    const double tile_h = std::max(1.0, layout.cell.height);
+    std::vector<GlyphBatch> batches;
+    long tile = -1;
+    for (const TextItem& t : layout.texts) {
+        if (!t.shaped) continue;
+        const long here = static_cast<long>(t.y / tile_h) * 1024 + static_cast<long>(t.x / tile_w);
+        if (here != tile) {
+            show_batches(cr, batches);
+            tile = here;
+        }
+        // A squeezed text is drawn under a horizontal scale, so its x
+        // positions are divided by that scale.
+        const double x = t.x / t.squeeze;
+        for (const GlyphRun& run : t.shaped->runs) {
+            GlyphBatch* batch = nullptr;
+            for (GlyphBatch& b : batches)
+                if (b.font == run.font.get() && b.colour == t.colour && b.squeeze == t.squeeze) batch = &b;
+            if (!batch) batch = &batches.emplace_back(GlyphBatch{run.font.get(), t.colour, t.squeeze, {}});
+            for (const cairo_glyph_t& g : run.glyphs) batch->glyphs.push_back({g.index, g.x + x, g.y + t.y});
+        }
+    }
+    show_batches(cr, batches);
 }
 
 }  // namespace
 
-void paint_page(cairo_t* cr, const PageLayout& layout) {
-    cairo_save(cr);
-    cairo_rectangle(cr, 0, 0, layout.width, layout.height);
-    cairo_clip(cr);
-    set_colour(cr, layout.background);
-    cairo_paint(cr);
+void paint_moons(cairo_t* cr, const std::vector<MoonItem>& moons) {
+    for (const MoonItem& m : moons) paint_moon(cr, m);
+}
 
-    cairo_set_antialias(cr, CAIRO_ANTIALIAS_DEFAULT);
-    for (const auto& boxes : layout.boxes) fill_layer(cr, boxes);
-    stroke_frames(cr, layout.frames);
-    for (const MoonItem& m : layout.moons) paint_moon(cr, m);
-    paint_texts(cr, layout.texts);
-    for (const Overlay& o : layout.overlays) {
+void paint_overlays(cairo_t* cr, const std::vector<Overlay>& overlays) {
+    for (const Overlay& o : overlays) {
         if (o.fill_alpha > 0) {
             cairo_rectangle(cr, o.rect.x, o.rect.y, o.rect.w, o.rect.h);
             set_colour(cr, o.fill, o.fill_alpha);
@@ -134,6 +156,20 @@ void paint_page(cairo_t* cr, const PageLayout& layout) {
             cairo_stroke(cr);
         }
     }
+}
+
+void paint_page(cairo_t* cr, const PageLayout& layout) {
+    if (paint_page_on_image(cr, layout)) return;
+    cairo_save(cr);
+    cairo_rectangle(cr, 0, 0, layout.width, layout.height);
+    cairo_clip(cr);
+    set_colour(cr, layout.background);
+    cairo_paint(cr);
+    for (const auto& boxes : layout.boxes) fill_layer(cr, boxes);
+    paint_frames(cr, layout.frames);
+    paint_moons(cr, layout.moons);
+    paint_texts(cr, layout);
+    paint_overlays(cr, layout.overlays);
     cairo_restore(cr);
 }
 

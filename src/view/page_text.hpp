@@ -11,6 +11,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -65,6 +66,13 @@ struct ShapedText {
     std::vector<GlyphRun> runs;
 };
 
+// Texts rasterised for painting onto image surfaces (image_painter.cpp);
+// kept with the shaper whose glyphs they hold.
+class TextStamps;
+struct TextStampsDeleter {
+    void operator()(TextStamps* stamps) const;
+};
+
 class TextShaper {
 public:
     explicit TextShaper(const FontSpec& font);
@@ -75,6 +83,7 @@ public:
     CellSize cell() const { return m_cell; }
     // The shaped text, made on first use and kept for the shaper's life.
     const ShapedText& shape(TextStyle style, std::string_view text);
+    TextStamps& stamps();
 
 private:
     struct Hash {
@@ -91,6 +100,7 @@ private:
     std::array<FontDescriptionPtr, kTextStyleCount> m_descriptions;
     std::array<Cache, kTextStyleCount> m_cache;
     CellSize m_cell;
+    std::unique_ptr<TextStamps, TextStampsDeleter> m_stamps;
 };
 
 }  // namespace sk::view

@@ -3,6 +3,7 @@
 // with SK_UPDATE_GOLDEN=1 and look at the new files before committing them.
 #include <gtest/gtest.h>
 
+#include "view/page_painter.hpp"
 #include "view_fixture.hpp"
 
 namespace sk::view {
@@ -54,6 +55,44 @@ TEST(GoldenPages, MatchCommittedImages) {
         const std::string problem = test::check_golden(c.name, layout);
         EXPECT_TRUE(problem.empty()) << problem;
     }
+}
+
+// Images at their natural size are painted by the fast image painter; any
+// other target (PDF, a scaled window) by Cairo alone. Both must give the same
+// page, up to glyphs placed a pixel apart.
+TEST(Painters, ImageAndCairoPaintersAgree) {
+    PageRenderer renderer(test::test_font());
+    PageRequest r = test::request(2024, 3, 3, 0);
+    r.options.moon_phases = r.options.distances = true;
+    r.today = date(2024, 4, 9);
+    r.cursor = date(2024, 3, 20);
+    const PageLayout layout = renderer.layout(r, test::sample_extras());
+    const SurfacePtr fast = render_image(layout);
+
+    const SurfacePtr slow(cairo_image_surface_create(CAIRO_FORMAT_RGB24, cairo_image_surface_get_width(fast.get()),
+                                                     cairo_image_surface_get_height(fast.get())));
+    {
+        // A sub-surface is no image surface, so this takes the Cairo path.
+        const SurfacePtr sub(cairo_surface_create_for_rectangle(slow.get(), 0, 0, layout.width, layout.height));
+        const CairoPtr cr(cairo_create(sub.get()));
+        paint_page(cr.get(), layout);
+    }
+    const test::ImageDifference diff = test::compare_images(slow.get(), fast.get(), 96);
+    ASSERT_TRUE(diff.same_size);
+    const long pixels = static_cast<long>(layout.width * layout.height);
+    EXPECT_LT(diff.differing, pixels / 100) << diff.differing << " of " << pixels << " pixels differ";
+
+    // Inside a pushed group the fast painter draws into the group.
+    const SurfacePtr grouped(cairo_image_surface_create(CAIRO_FORMAT_RGB24, cairo_image_surface_get_width(fast.get()),
+                                                        cairo_image_surface_get_height(fast.get())));
+    {
+        const CairoPtr cr(cairo_create(grouped.get()));
+        cairo_push_group(cr.get());
+        paint_page(cr.get(), layout);
+        cairo_pop_group_to_source(cr.get());
+        cairo_paint(cr.get());
+    }
+    EXPECT_EQ(test::compare_images(grouped.get(), fast.get(), 8).differing, 0);
 }
 
 }  // namespace
