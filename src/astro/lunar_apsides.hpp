@@ -48,7 +48,8 @@ double apogee_instant(double k, const ApsisElements& elements = kApsisElements);
 // The perigee's k for a day: the year and its fraction, counted from ten
 // days after 1 January before 2000 and from six days before it since, in
 // anomalistic months since 2000 and truncated towards zero. The apogee takes
-// this k + 0.5; before 2000 that is always a later apogee than the day's.
+// this k + 0.5; before 2000 that names an apogee four days to a month
+// after the day, never one on the day itself.
 double perigee_number(const calendar::Day& day);
 
 // "Mondnähe: 3:12" / "Mondferne: 21:40" when the event's local date is the

@@ -86,9 +86,9 @@ TEST(AstroRealSky, PublishedEvents) {
 }
 
 // Every day of the calendar: each principal phase and each apsis recurs at
-// its period, before 2000 as after it, with the gaps the described method
-// leaves: no apogee before 2000 (its k lands a month late there), and five
-// last quarters missed where the lunation estimate runs a lunation ahead.
+// its period, before 2000 as after it, with the gaps the method leaves: no
+// apogee before 2000 (its k lands a month late there), and five last
+// quarters missed where the lunation estimate runs a lunation ahead.
 TEST(AstroRegularity, PhasesAndApsidesOverTheWholeCalendar) {
     const std::vector<DaySymbols> symbols =
         page_symbols(calendar::kFirstDay, calendar::kLastDay, settings::Settings{});
