@@ -13,7 +13,7 @@ namespace sk::cli {
 namespace {
 
 std::vector<Command> build_commands() {
-    return {days_command(), holidays_command(), school_holidays_command()};
+    return {days_command(), holidays_command(), school_holidays_command(), accounts_command()};
 }
 
 }  // namespace
