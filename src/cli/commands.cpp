@@ -13,7 +13,8 @@ namespace sk::cli {
 namespace {
 
 std::vector<Command> build_commands() {
-    return {days_command(), holidays_command(), school_holidays_command(), render_command()};
+    return {days_command(), holidays_command(), school_holidays_command(), accounts_command(),
+            render_command()};
 }
 
 }  // namespace

@@ -37,6 +37,7 @@ const std::vector<Command>& commands();
 Command days_command();
 Command holidays_command();
 Command school_holidays_command();
+Command accounts_command();
 Command render_command();
 const Command* find_command(std::string_view name);
 

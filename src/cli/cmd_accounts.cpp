@@ -1,0 +1,96 @@
+// "schichtkalender accounts": the hours balance, the remaining vacation and
+// the "Jahresstunden" table of the user, as the main window shows them.
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <ostream>
+#include <string>
+
+#include "calendar/shift_model.hpp"
+#include "cli/commands.hpp"
+#include "marks/accounts.hpp"
+#include "marks/shift_markings.hpp"
+
+namespace sk::cli {
+
+namespace {
+
+using calendar::Day;
+
+constexpr std::string_view kUsage =
+    "Aufruf: schichtkalender accounts [--today JJJJ-MM-TT] [--data-dir VERZ] [--user NAME]\n"
+    "                                 [--model N]\n"
+    "\n"
+    "Gibt die Minus- und Plusstunden und den Resturlaub aus, wie sie das Hauptfenster\n"
+    "anzeigt, und die Tabelle \"Jahresstunden\" des laufenden Jahres (Spalten durch\n"
+    "Tabulatoren getrennt). Gelesen werden Schichtmarkierung.dat, Minusstunden.dat und\n"
+    "Urlaubstage.dat aus VERZ/NAME. Liegt der Resturlaub vor dem 1. Januar des\n"
+    "laufenden Jahres, wird Urlaubstage.dat sofort auf den 1. Januar mit 0 Tagen\n"
+    "gesetzt, wie beim Programmstart.\n"
+    "\n"
+    "  --today       der Tag, der als heute gilt (1970-01-01 bis 2037-07-31)\n"
+    "  --data-dir    Datenverzeichnis (Vorgabe: SKDaten im aktuellen Verzeichnis)\n"
+    "  --user NAME   Benutzer (Vorgabe: Programm)\n"
+    "  --model N     Schichtkalender 0 bis 7 statt der Einstellung \"Schichtart\";\n"
+    "                die Kalender 6 und 7 führen keine Konten\n";
+
+// Hours with two decimals and a decimal comma (1982,76), whatever the locale.
+std::string hours_cell(double hours) {
+    const long long cents = std::llround(hours * 100.0);
+    char buffer[48];
+    std::snprintf(buffer, sizeof buffer, "%s%lld,%02lld", cents < 0 ? "-" : "",
+                  std::llabs(cents) / 100, std::llabs(cents) % 100);
+    return buffer;
+}
+
+void print_yearly_hours(std::ostream& out, const marks::YearlyHours& table) {
+    out << "Jahresstunden\t" << table.year << '\n';
+    if (table.crews == 0) return;
+    const auto crews = static_cast<std::size_t>(table.crews);
+    out << "Monat";
+    for (std::size_t c = 0; c < crews; ++c) out << '\t' << marks::kCrewHeadings[c];
+    out << '\n';
+    for (std::size_t m = 0; m < 12; ++m) {
+        out << calendar::kMonthNames[m];
+        for (std::size_t c = 0; c < crews; ++c) out << '\t' << hours_cell(table.months[m][c]);
+        out << '\n';
+    }
+    out << "Summe";
+    for (std::size_t c = 0; c < crews; ++c) out << '\t' << hours_cell(table.sums[c]);
+    out << "\nSoll";
+    for (std::size_t c = 0; c < crews; ++c) out << '\t' << hours_cell(table.target);
+    out << '\n';
+}
+
+int run_accounts(const Args& args, std::ostream& out, std::ostream& err) {
+    const Options options(args, {"today", "data-dir", "user", "model"});
+    if (!options.positional().empty())
+        throw UsageError("unerwartetes Argument \"" + options.positional().front() + "\"");
+    const Day now = today(options);
+    if (now.number < calendar::kFirstDay || now.number > calendar::kLastDay)
+        throw UsageError("der Kalender reicht vom 1970-01-01 bis zum 2037-07-31, nicht " +
+                         calendar::format_iso_date(now));
+    const auto model = options.integer("model", 0, calendar::kModelCount - 1);
+    const UserContext context = user_context(options, err);
+    const marks::PlanContext plan =
+        marks::plan_context(context.settings, model.value_or(context.settings.model));
+
+    const std::filesystem::path dir = context.user_dir;
+    const marks::ShiftMarkings markings = marks::load_shift_markings(dir);
+    marks::AccountState state = marks::load_accounts(dir);
+    const marks::AccountTexts texts = marks::refresh_accounts(dir, markings, state, plan, now);
+
+    out << "Minus- und Plusstunden\t" << texts.hours << '\n';
+    out << "Resturlaub\t" << texts.vacation << '\n';
+    print_yearly_hours(out, marks::yearly_hours(plan, now.year));
+    return out ? 0 : 1;
+}
+
+}  // namespace
+
+Command accounts_command() {
+    return {"accounts", "Minus- und Plusstunden, Resturlaub und Jahresstunden", kUsage,
+            run_accounts};
+}
+
+}  // namespace sk::cli
