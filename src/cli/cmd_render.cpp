@@ -8,7 +8,10 @@
 
 #include "calendar/shift_model.hpp"
 #include "cli/commands.hpp"
+#include "marks/calendar_markings.hpp"
+#include "marks/shift_markings.hpp"
 #include "view/page_output.hpp"
+#include "view/page_sources.hpp"
 
 namespace sk::cli {
 
@@ -92,8 +95,22 @@ view::FontSpec parse_font(const std::string& text) {
     return font;
 }
 
-// Notes, markings and the sky of the user's data directory.
-view::PageExtras page_extras(const UserContext&, const Options&) { return {}; }
+// What the page draws from the user's directory and the sky. The markings
+// are read only when a data directory is given.
+struct UserData {
+    marks::CalendarMarkings calendar_markings;
+    marks::ShiftMarkings shift_markings;
+};
+
+view::PageExtras page_extras(const UserContext& context, const UserData& data) {
+    view::PageExtras extras;
+    extras.sky = view::sky_source(context.settings);
+    if (context.data_dir_given) {
+        extras.marking_colour = view::marking_source(data.calendar_markings);
+        extras.shift_marking = view::shift_marking_source(data.shift_markings);
+    }
+    return extras;
+}
 
 int run_render(const Args& args, std::ostream& out, std::ostream& err) {
     const Options options(args, {"out", "month", "columns", "model", "cursor", "font", "paper",
@@ -134,8 +151,13 @@ int run_render(const Args& args, std::ostream& out, std::ostream& err) {
         throw UsageError("der Cursor " + calendar::format_iso_date(*cursor) +
                          " liegt nicht auf der Seite");
 
+    UserData data;
+    if (context.data_dir_given) {
+        data.calendar_markings = marks::load_calendar_markings(context.user_dir);
+        data.shift_markings = marks::load_shift_markings(context.user_dir);
+    }
     view::PageRenderer renderer(font.value_or(view::font_spec(s)));
-    const view::PageLayout layout = renderer.layout(request, page_extras(context, options));
+    const view::PageLayout layout = renderer.layout(request, page_extras(context, data));
     const bool written = pdf ? view::write_pdf(layout, *path, paper) : view::write_png(layout, *path);
     if (!written) {
         err << "schichtkalender render: die Datei \"" << *path << "\" kann nicht geschrieben werden\n";

@@ -5,6 +5,7 @@
 
 #include "calendar/holidays.hpp"
 #include "calendar/school_holidays.hpp"
+#include "marks/shift_markings.hpp"
 #include "view/page_builder.hpp"
 
 namespace sk::view {
@@ -86,13 +87,7 @@ std::string_view shift_letter(CellKind kind, calendar::ShiftCode code) {
 }
 
 std::string_view marking_letter(int model, int code) {
-    // Models 0..5: "Arbeitseinsatz (X)", "Freizeit", "Urlaub", "Lehrgang",
-    // "Krank", "Ausfallbezahlung"; models 6 and 7 first name the shift worked.
-    static constexpr std::string_view kShiftKind[] = {"X", "F", "U", "L", "K", "A"};
-    static constexpr std::string_view kCrewKind[] = {"F", "S", "N", "FZ", "U", "L", "K", "A"};
-    if (calendar::is_four_crew_model(model))
-        return code >= 0 && code < 8 ? kCrewKind[code] : "?";
-    return code >= 0 && code < 6 ? kShiftKind[code] : "?";
+    return marks::code_letter(marks::marking_kind(model), code);
 }
 
 // ---------------------------------------------------------------- page

@@ -5,6 +5,8 @@
 
 #include <string>
 
+#include "marks/calendar_markings.hpp"
+#include "marks/shift_markings.hpp"
 #include "test_support.hpp"
 
 namespace sk::cli {
@@ -113,6 +115,30 @@ TEST(RenderCommand, ReadsTheUsersSettings) {
     EXPECT_EQ(cairo_image_surface_get_width(image), 7 * 162);
     EXPECT_EQ(cairo_image_surface_get_height(image), 12 * 40);
     cairo_surface_destroy(image);
+}
+
+// The user's markings reach the page: a bar and a shift marking change it.
+TEST(RenderCommand, DrawsTheUsersMarkings) {
+    sk::test::TempDir dir;
+    std::filesystem::create_directories(dir / "Programm");
+    const auto render_png = [&](const std::string& name) {
+        const auto png = dir / name;
+        const auto result = sk::test::run_command(render("--out '" + png.string() + "' --month 2024-03 --data-dir '" +
+                                                         dir.path().string() + "'"));
+        EXPECT_EQ(result.status, 0) << result.err;
+        return sk::test::read_bytes(png);
+    };
+    const std::string plain = render_png("ohne.png");
+    marks::CalendarMarkings bars;
+    bars.items = {{calendar::day_number(2024, 2, 4), calendar::day_number(2024, 2, 8), marks::rgb(0, 160, 0)}};
+    sk::test::write_bytes(dir / "Programm" / marks::kCalendarMarkingsFile, marks::serialize_calendar_markings(bars));
+    const std::string with_bar = render_png("balken.png");
+    marks::ShiftMarkings shifts;
+    shifts.items = {{calendar::day_number(2024, 2, 12), 1, marks::kind_a::kSick}};
+    sk::test::write_bytes(dir / "Programm" / marks::kShiftMarkingsFile, marks::serialize_shift_markings(shifts));
+    const std::string with_both = render_png("beide.png");
+    EXPECT_NE(plain, with_bar);
+    EXPECT_NE(with_bar, with_both);
 }
 
 }  // namespace

@@ -273,8 +273,9 @@ TEST_F(PageLayoutTest, ShiftMarkingsLandInTheMarkedColumn) {
         {1, date(2024, 3, 7), {3, 2}, "U"},   // Nacht: code 3
         {1, date(2024, 3, 8), {4, 5}, "A"},   // Verfügung: code 0
         {2, date(2024, 3, 8), {2, 1}, "F"},
-        {7, date(2024, 3, 5), {3, 3}, "FZ"},  // page column C
-        {6, date(2024, 3, 5), {1, 0}, "F"},   // page column A
+        {7, date(2024, 3, 5), {3, 3}, "F"},   // page column C, "Freizeit"
+        {6, date(2024, 3, 5), {1, 0}, "Fr"},  // page column A, "Früh"
+        {6, date(2024, 3, 9), {4, 2}, "Na"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::Message() << "model " << c.model << " column " << c.mark.column);

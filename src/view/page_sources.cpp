@@ -1,0 +1,47 @@
+#include "view/page_sources.hpp"
+
+namespace sk::view {
+
+DaySky day_sky(const astro::DaySymbols& s) {
+    DaySky sky;
+    switch (s.phase) {
+        case astro::MoonPhase::None: sky.phase = MoonPhase::None; break;
+        case astro::MoonPhase::NewMoon: sky.phase = MoonPhase::NewMoon; break;
+        case astro::MoonPhase::FirstQuarter: sky.phase = MoonPhase::FirstQuarter; break;
+        case astro::MoonPhase::FullMoon: sky.phase = MoonPhase::FullMoon; break;
+        case astro::MoonPhase::LastQuarter: sky.phase = MoonPhase::LastQuarter; break;
+    }
+    sky.solar_eclipse = s.solar_eclipse;
+    sky.lunar_eclipse = s.lunar_eclipse;
+    sky.perigee = s.perigee;
+    sky.apogee = s.apogee;
+    sky.perihelion = s.perihelion;
+    sky.aphelion = s.aphelion;
+    return sky;
+}
+
+decltype(PageExtras::sky) sky_source(const settings::Settings& settings) {
+    return [settings](calendar::DayNumber first, calendar::DayNumber last) {
+        const std::vector<astro::DaySymbols> symbols = astro::page_symbols(first, last, settings);
+        std::vector<DaySky> sky;
+        sky.reserve(symbols.size());
+        for (const astro::DaySymbols& s : symbols) sky.push_back(day_sky(s));
+        return sky;
+    };
+}
+
+decltype(PageExtras::marking_colour) marking_source(const marks::CalendarMarkings& markings) {
+    return [&markings](calendar::DayNumber d) {
+        return static_cast<std::uint32_t>(marks::marking_colour_of_day(markings, d)) & 0xFFFFFFu;
+    };
+}
+
+decltype(PageExtras::shift_marking) shift_marking_source(const marks::ShiftMarkings& markings) {
+    return [&markings](calendar::DayNumber d) -> std::optional<ShiftMark> {
+        const marks::ShiftMarking* m = marks::shift_marking_of_day(markings, d);
+        if (!m) return std::nullopt;
+        return ShiftMark{m->column, m->code};
+    };
+}
+
+}  // namespace sk::view

@@ -1,0 +1,23 @@
+// Where the page's extras come from in the program: the sky of the
+// astronomy library for the settings' place and time zone, and the user's
+// calendar and shift markings. Each source refers to its store, which must
+// outlive the PageExtras made from it.
+#pragma once
+
+#include "astro/day_information.hpp"
+#include "marks/calendar_markings.hpp"
+#include "marks/shift_markings.hpp"
+#include "settings/settings.hpp"
+#include "view/page_input.hpp"
+
+namespace sk::view {
+
+DaySky day_sky(const astro::DaySymbols& symbols);
+
+// The moon phases, eclipses and apsides of a range of days, computed for the
+// whole range at once.
+decltype(PageExtras::sky) sky_source(const settings::Settings& settings);
+decltype(PageExtras::marking_colour) marking_source(const marks::CalendarMarkings& markings);
+decltype(PageExtras::shift_marking) shift_marking_source(const marks::ShiftMarkings& markings);
+
+}  // namespace sk::view
