@@ -1,7 +1,8 @@
-// Speed of the calendar page: a full redraw (layout and painting into an
-// image surface) of the largest page, 23 month columns with every display
-// option on, 1,000 notes and 500 markings of each kind; and the layout and
-// the painting alone.
+// Speed of the calendar page: a full redraw (layout with the sky of the
+// astronomy library, and painting into an image surface) of the largest
+// page, 23 month columns with every display option on, 1,000 notes and 500
+// markings of each kind; the layout alone, the sky alone and the painting
+// alone.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -11,21 +12,19 @@
 
 #include "view/page_output.hpp"
 #include "view/page_painter.hpp"
+#include "view/page_sources.hpp"
 
 namespace {
 
 using namespace sk;
 using calendar::DayNumber;
 
-struct Bar {
-    DayNumber start, end;
-    std::uint32_t colour;
-};
-
+// 1,000 notes and 500 markings of each kind, spread over the page and the
+// months around it.
 struct UserData {
     std::vector<DayNumber> notes;  // sorted
-    std::vector<Bar> bars;         // sorted by start, searched like the marking list
-    std::vector<std::pair<DayNumber, view::ShiftMark>> marks;  // sorted by day
+    marks::CalendarMarkings bars;
+    marks::ShiftMarkings shifts;
 };
 
 std::shared_ptr<UserData> user_data(DayNumber first, DayNumber last) {
@@ -33,45 +32,27 @@ std::shared_ptr<UserData> user_data(DayNumber first, DayNumber last) {
     std::mt19937 random(7);
     std::uniform_int_distribution<DayNumber> day(first - 300, last + 300);
     for (int i = 0; i < 1000; ++i) data->notes.push_back(day(random));
+    std::sort(data->notes.begin(), data->notes.end());
     for (int i = 0; i < 500; ++i) {
         const DayNumber start = day(random);
-        data->bars.push_back({start, start + static_cast<DayNumber>(random() % 10), 0xA1C2EF});
-        data->marks.push_back({day(random), {static_cast<int>(random() % 4) + 1, static_cast<int>(random() % 6)}});
+        marks::save_marking(data->bars, start, start + static_cast<DayNumber>(random() % 10),
+                            marks::kDefaultMarkingColour);
+        data->shifts.items.push_back({day(random), static_cast<std::int8_t>(random() % 4 + 1),
+                                      static_cast<std::int8_t>(random() % 6)});
     }
-    std::sort(data->notes.begin(), data->notes.end());
-    std::sort(data->bars.begin(), data->bars.end(), [](const Bar& a, const Bar& b) { return a.start < b.start; });
-    std::sort(data->marks.begin(), data->marks.end(),
-              [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::sort(data->shifts.items.begin(), data->shifts.items.end(),
+              [](const auto& a, const auto& b) { return a.day < b.day; });
     return data;
 }
 
-view::PageExtras extras(const std::shared_ptr<UserData>& data) {
+view::PageExtras extras(const std::shared_ptr<UserData>& data, const settings::Settings& settings) {
     view::PageExtras e;
     e.has_notes = [data](const calendar::Day& d) {
         return std::binary_search(data->notes.begin(), data->notes.end(), d.number);
     };
-    e.marking_colour = [data](DayNumber d) -> std::uint32_t {
-        for (const Bar& b : data->bars)
-            if (b.start <= d && d <= b.end) return b.colour;
-        return 0;
-    };
-    e.shift_marking = [data](DayNumber d) -> std::optional<view::ShiftMark> {
-        const auto it = std::lower_bound(data->marks.begin(), data->marks.end(), d,
-                                         [](const auto& m, DayNumber x) { return m.first < x; });
-        if (it == data->marks.end() || it->first != d) return std::nullopt;
-        return it->second;
-    };
-    e.sky = [](DayNumber first, DayNumber last) {
-        std::vector<view::DaySky> sky(static_cast<std::size_t>(last - first + 1));
-        for (DayNumber d = first; d <= last; ++d) {
-            view::DaySky& s = sky[static_cast<std::size_t>(d - first)];
-            const int age = d % 30;  // a stand-in lunation
-            if (age % 7 == 0 && age < 28) s.phase = static_cast<view::MoonPhase>(1 + age / 7);
-            s.perigee = d % 27 == 3;
-            s.apogee = d % 27 == 17;
-        }
-        return sky;
-    };
+    e.marking_colour = view::marking_source(data->bars);
+    e.shift_marking = view::shift_marking_source(data->shifts);
+    e.sky = view::sky_source(settings);
     return e;
 }
 
@@ -95,10 +76,11 @@ struct Page {
     Page() {
         const view::DayRange range = view::page_days(request);
         data = user_data(range.first, range.last);
-        extra = extras(data);
+        extra = extras(data, settings::Settings{});
     }
 };
 
+// The page as after moving the cursor: the sky of the months is known.
 void BM_FullRedraw23Columns(benchmark::State& state) {
     Page page;
     view::PageLayout layout = page.renderer.layout(page.request, page.extra);  // shapes the texts once
@@ -113,6 +95,25 @@ void BM_FullRedraw23Columns(benchmark::State& state) {
     state.counters["texts"] = static_cast<double>(layout.texts.size());
 }
 BENCHMARK(BM_FullRedraw23Columns)->Unit(benchmark::kMillisecond);
+
+// The page as after turning to other months: the sky is computed anew.
+void BM_FullRedrawNewMonths23Columns(benchmark::State& state) {
+    Page page;
+    view::PageLayout layout = page.renderer.layout(page.request, page.extra);
+    const view::SurfacePtr surface(cairo_image_surface_create(
+        CAIRO_FORMAT_RGB24, static_cast<int>(layout.width), static_cast<int>(layout.height)));
+    view::PageRequest other = page.request;
+    other.first_month_index = 1;
+    bool flip = false;
+    for (auto _ : state) {
+        layout = page.renderer.layout(flip ? other : page.request, page.extra);
+        flip = !flip;
+        const view::CairoPtr cr(cairo_create(surface.get()));
+        view::paint_page(cr.get(), layout);
+        cairo_surface_flush(surface.get());
+    }
+}
+BENCHMARK(BM_FullRedrawNewMonths23Columns)->Unit(benchmark::kMillisecond);
 
 void BM_Layout23Columns(benchmark::State& state) {
     Page page;
@@ -136,6 +137,19 @@ void BM_Paint23Columns(benchmark::State& state) {
     }
 }
 BENCHMARK(BM_Paint23Columns)->Unit(benchmark::kMillisecond);
+
+// The sky of a page's range when the months change (the source keeps only
+// the last range, so alternating pages always compute).
+void BM_SkyOf23Months(benchmark::State& state) {
+    Page page;
+    const view::DayRange range = view::page_days(page.request);
+    int shift = 0;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(page.extra.sky(range.first + shift, range.last + shift));
+        shift = 1 - shift;
+    }
+}
+BENCHMARK(BM_SkyOf23Months)->Unit(benchmark::kMicrosecond);
 
 // The first page after a font change: every text is shaped anew.
 void BM_FirstPageWithNewFont(benchmark::State& state) {

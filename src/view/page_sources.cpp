@@ -1,5 +1,7 @@
 #include "view/page_sources.hpp"
 
+#include <memory>
+
 namespace sk::view {
 
 DaySky day_sky(const astro::DaySymbols& s) {
@@ -21,11 +23,18 @@ DaySky day_sky(const astro::DaySymbols& s) {
 }
 
 decltype(PageExtras::sky) sky_source(const settings::Settings& settings) {
-    return [settings](calendar::DayNumber first, calendar::DayNumber last) {
+    struct Last {
+        DayRange range;
+        std::vector<DaySky> sky;
+    };
+    auto last_page = std::make_shared<Last>();
+    return [settings, last_page](calendar::DayNumber first, calendar::DayNumber last) {
+        if (last_page->range.first == first && last_page->range.last == last) return last_page->sky;
         const std::vector<astro::DaySymbols> symbols = astro::page_symbols(first, last, settings);
         std::vector<DaySky> sky;
         sky.reserve(symbols.size());
         for (const astro::DaySymbols& s : symbols) sky.push_back(day_sky(s));
+        *last_page = {{first, last}, sky};
         return sky;
     };
 }

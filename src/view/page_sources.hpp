@@ -15,7 +15,9 @@ namespace sk::view {
 DaySky day_sky(const astro::DaySymbols& symbols);
 
 // The moon phases, eclipses and apsides of a range of days, computed for the
-// whole range at once.
+// whole range at once. The source keeps the last range it computed, so that
+// redrawing the same months (the cursor moved, a note was saved) does not
+// compute the sky again.
 decltype(PageExtras::sky) sky_source(const settings::Settings& settings);
 decltype(PageExtras::marking_colour) marking_source(const marks::CalendarMarkings& markings);
 decltype(PageExtras::shift_marking) shift_marking_source(const marks::ShiftMarkings& markings);

@@ -56,6 +56,19 @@ TEST(PageSources, SkyOfTheAstronomyLibrary) {
     }
 }
 
+// The source keeps the last range; another range must not get its sky.
+TEST(PageSources, SkyOfAnotherRangeIsComputedAnew) {
+    const auto sky = sky_source(settings::Settings{});
+    const calendar::DayNumber eclipse = date(2024, 4, 8).number;
+    const std::vector<DaySky> first = sky(eclipse - 10, eclipse + 10);
+    EXPECT_EQ(sky(eclipse - 10, eclipse + 10), first);
+    const std::vector<DaySky> shifted = sky(eclipse - 9, eclipse + 10);
+    ASSERT_EQ(shifted.size(), 20u);
+    EXPECT_TRUE(shifted[9].solar_eclipse);
+    EXPECT_EQ(sky(eclipse - 10, eclipse + 10), first);
+    EXPECT_TRUE(first[10].solar_eclipse);
+}
+
 TEST(PageSources, MarkingsOfTheUsersLists) {
     marks::CalendarMarkings bars;
     bars.items = {{date(2024, 3, 1).number, date(2024, 3, 10).number, marks::rgb(239, 194, 161)},
