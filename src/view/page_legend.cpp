@@ -26,7 +26,8 @@ public:
     Legend(PageBuilder& b, double left, double top) : m_b(b), m_left(left), m_y(top) {}
 
     void heading(std::string_view text) {
-        m_b.text(TextStyle::Bold, text, m_b.px_x(m_left), m_b.px_y(m_y), palette::kText);
+        m_b.text(TextStyle::Bold, text, m_b.px_x(m_left), m_b.px_y(m_y), palette::kText, Align::Left, 0,
+                 room(0));
         m_y += 1.15;
     }
     void gap() { m_y += 0.45; }

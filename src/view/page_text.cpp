@@ -73,8 +73,11 @@ TextShaper::TextShaper(const FontSpec& font)
         pango_context_get_metrics(m_context.get(), m_descriptions[0].get(), nullptr));
     const double digit = pango_font_metrics_get_approximate_digit_width(metrics.get()) /
                          static_cast<double>(PANGO_SCALE);
-    const double line = (pango_font_metrics_get_ascent(metrics.get()) +
-                         pango_font_metrics_get_descent(metrics.get())) /
+    // The font's line spacing, or its ascent and descent if they need more;
+    // FreeSans has a tight box and wants its line gap.
+    const double line = std::max(pango_font_metrics_get_ascent(metrics.get()) +
+                                     pango_font_metrics_get_descent(metrics.get()),
+                                 pango_font_metrics_get_height(metrics.get())) /
                         static_cast<double>(PANGO_SCALE);
     m_cell.width = std::max(1.0, std::round(digit));
     m_cell.height = std::max(1.0, std::round(line));

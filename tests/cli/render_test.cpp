@@ -21,7 +21,7 @@ TEST(RenderCommand, WritesAPngOfThePageSize) {
     sk::test::TempDir dir;
     const auto png = dir / "seite.png";
     struct Case { const char* options; int width_cells; };
-    // DejaVu Sans 10: cells of 8 x 16 pixels; FreeSans 10 for the plan: 7 x 13.
+    // DejaVu Sans 10: cells of 8 x 16 pixels; FreeSans 10 for the plan: 7 x 15.
     for (const Case c : {Case{"--columns 6", 126}, Case{"--columns 23", 432}, Case{"--columns 1", 36}}) {
         const auto result = sk::test::run_command(
             render("--out '" + png.string() + "' --month 2024-05 --font 'DejaVu Sans 10' " + c.options));
@@ -37,7 +37,7 @@ TEST(RenderCommand, WritesAPngOfThePageSize) {
     ASSERT_EQ(plan.status, 0) << plan.err;
     cairo_surface_t* image = cairo_image_surface_create_from_png(png.c_str());
     EXPECT_EQ(cairo_image_surface_get_width(image), 7 * 126);
-    EXPECT_EQ(cairo_image_surface_get_height(image), 13 * 40);
+    EXPECT_EQ(cairo_image_surface_get_height(image), 15 * 40);
     cairo_surface_destroy(image);
 }
 
@@ -111,9 +111,9 @@ TEST(RenderCommand, ReadsTheUsersSettings) {
                                                      dir.path().string() + "' --user Otto"));
     ASSERT_EQ(result.status, 0) << result.err;
     cairo_surface_t* image = cairo_image_surface_create_from_png(png.c_str());
-    // FreeSans 9: cells of 7 x 12 pixels.
+    // FreeSans 9: cells of 7 x 13 pixels.
     EXPECT_EQ(cairo_image_surface_get_width(image), 7 * 162);
-    EXPECT_EQ(cairo_image_surface_get_height(image), 12 * 40);
+    EXPECT_EQ(cairo_image_surface_get_height(image), 13 * 40);
     cairo_surface_destroy(image);
 }
 
