@@ -1,7 +1,5 @@
 #include "notes/note_cipher.hpp"
 
-#include "notes/note_keys.hpp"
-
 namespace sk::notes {
 
 std::string encipher_note(std::string_view latin9, std::string_view password_latin9) {
@@ -26,8 +24,10 @@ std::string decipher_note(std::string_view stored, std::string_view password_lat
     out.reserve(stored.size() / 3 + 1);
     std::size_t k = 0;
     for (std::size_t i = 0; i < stored.size(); i += 3) {
-        // Three characters give at most 999, so the value always exists.
-        const unsigned value = static_cast<unsigned>(*numeric_value(stored.substr(i, 3)));
+        // The value of the group's leading digits, 0 to 999.
+        unsigned value = 0;
+        for (std::size_t j = i; j < i + 3 && j < stored.size() && stored[j] >= '0' && stored[j] <= '9'; ++j)
+            value = value * 10 + static_cast<unsigned>(stored[j] - '0');
         const unsigned code = (value ^ static_cast<unsigned char>(password_latin9[k])) & 0xFFu;
         out += static_cast<char>(code);
         if (++k == password_latin9.size()) k = 0;

@@ -42,6 +42,9 @@ public:
     // nullopt when there is no such note: the key is not in the weekday index
     // or its file cannot be opened. Tells a missing note from an empty one.
     std::optional<std::string> find_weekday(std::int32_t key) const;
+    // The text of the note file of that name ("20240215.txt"); nullopt when
+    // it cannot be opened.
+    std::optional<std::string> read_note(const std::string& file_name) const;
 
     // Stores a UTF-8 text under its key; an empty text deletes the note.
     // Then rescans the kind. Returns a German message and leaves the file as
@@ -63,7 +66,6 @@ public:
     void delete_all_weekday_notes();
 
 private:
-    std::optional<std::string> read_note(const std::string& name) const;
     std::optional<std::string> write_note(NoteKind kind, const std::string& name, std::string_view text);
     void remove_note(const std::string& name) const;
 

@@ -17,28 +17,6 @@ bool applies(PeriodicKey key, DayNumber day) {
 // The last occurrence of its weekday that still has ordinal 3 (days 22 to 28).
 bool in_last_week(const Day& day) { return day.mday < 29 && day.mday > day.month_length() - 7; }
 
-// The month's note for the weekday and ordinal; the every-month note stands
-// in for it when there is none.
-std::string weekday_note(const NoteStore& store, int month_code, int weekday, int ordinal) {
-    if (auto text = store.find_weekday(weekday_key(month_code, weekday, ordinal))) return std::move(*text);
-    return store.find_weekday(weekday_key(kEveryMonth, weekday, ordinal)).value_or(std::string());
-}
-
-void append_weekday_notes(const NoteStore& store, const Day& day, int ordinal, std::string_view separator,
-                          std::string& text) {
-    const std::string month_note = weekday_note(store, day.month_index, day.weekday(), ordinal);
-    const std::string every_month = weekday_note(store, kEveryMonth, day.weekday(), ordinal);
-    if (!month_note.empty()) {
-        text += month_note;
-        text += separator;
-    }
-    // The every-month note may already have stood in for the month's.
-    if (!every_month.empty() && every_month != month_note) {
-        text += every_month;
-        text += separator;
-    }
-}
-
 std::string replace_all(std::string_view text, std::string_view from, std::string_view to, bool& changed) {
     std::string out;
     out.reserve(text.size());
@@ -95,25 +73,65 @@ bool day_has_notes(const NoteStore& store, const Day& day) {
 }
 
 std::string notes_of_day(const NoteStore& store, const Day& day, Separator separator) {
+    return NotesPass(store).notes_of_day(day, separator);
+}
+
+const std::optional<std::string>& NotesPass::file_text(const std::string& file_name) {
+    auto it = m_texts.find(file_name);
+    if (it == m_texts.end()) it = m_texts.emplace(file_name, m_store.read_note(file_name)).first;
+    return it->second;
+}
+
+std::string NotesPass::note(const std::string& file_name) {
+    return file_text(file_name).value_or(std::string());
+}
+
+std::optional<std::string> NotesPass::weekday_note(std::int32_t key) {
+    if (!m_store.index().has_weekday(key)) return std::nullopt;
+    return file_text(weekday_file_name(key));
+}
+
+// The month's note for the weekday and ordinal; the every-month note stands
+// in for it when there is none.
+std::string NotesPass::weekday_note_or_every_month(int month_code, int weekday, int ordinal) {
+    if (auto text = weekday_note(weekday_key(month_code, weekday, ordinal))) return std::move(*text);
+    return weekday_note(weekday_key(kEveryMonth, weekday, ordinal)).value_or(std::string());
+}
+
+void NotesPass::append_weekday_notes(const Day& day, int ordinal, std::string_view separator,
+                                     std::string& text) {
+    const std::string month_note = weekday_note_or_every_month(day.month_index, day.weekday(), ordinal);
+    const std::string every_month = weekday_note_or_every_month(kEveryMonth, day.weekday(), ordinal);
+    if (!month_note.empty()) {
+        text += month_note;
+        text += separator;
+    }
+    // The every-month note may already have stood in for the month's.
+    if (!every_month.empty() && every_month != month_note) {
+        text += every_month;
+        text += separator;
+    }
+}
+
+std::string NotesPass::notes_of_day(const Day& day, Separator separator) {
     const std::string_view sep = separator_text(separator);
-    const NoteIndex& index = store.index();
+    const NoteIndex& index = m_store.index();
     std::string text;
     if (index.has_daily(date_key(day))) {
-        text += store.read_daily(date_key(day));
+        text += note(daily_file_name(date_key(day)));
         text += sep;
     }
     for (const PeriodicKey key : index.periodic) {
         if (!applies(key, day.number)) continue;
-        text += store.read_periodic(key);
+        text += note(periodic_file_name(key));
         text += sep;
     }
     if (index.has_yearly(day_key(day))) {
-        text += apply_year_placeholder(store.read_yearly(day_key(day)), day.year);
+        text += apply_year_placeholder(note(yearly_file_name(day_key(day))), day.year);
         text += sep;
     }
-    append_weekday_notes(store, day, ordinal_in_month(day.mday), sep, text);
-    if (weekday_note_flags(store, day) & kLastWeekNote)
-        append_weekday_notes(store, day, kLastOrdinal, sep, text);
+    append_weekday_notes(day, ordinal_in_month(day.mday), sep, text);
+    if (weekday_note_flags(m_store, day) & kLastWeekNote) append_weekday_notes(day, kLastOrdinal, sep, text);
     if (text.ends_with(sep)) text.resize(text.size() - sep.size());
     return text;
 }
@@ -144,11 +162,12 @@ std::string notes_overview(const NoteStore& store, DayNumber first_shown, DayNum
     const DayNumber to =
         calendar::day_number(last_month.year, last_month.month_index, last_month.month_length());
 
+    NotesPass pass(store);
     std::string text;
     for (DayNumber d = from; d <= to; ++d) {
         const Day day = Day::from_number(d);
         if (d == today.number && !text.empty()) text += kOverviewDivider;
-        const std::string notes = notes_of_day(store, day, Separator::MultiLine);
+        const std::string notes = pass.notes_of_day(day, Separator::MultiLine);
         if (notes.empty()) continue;
         if (!text.empty()) text += "\r\n \r\n";
         text += calendar::format_german_date(day);

@@ -11,8 +11,10 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "calendar/dates.hpp"
@@ -63,6 +65,27 @@ bool day_has_notes(const NoteStore& store, const calendar::Day& day);
 // An indexed daily, periodic or yearly note whose file cannot be read still
 // adds its (empty) entry; only one trailing separator is removed.
 std::string notes_of_day(const NoteStore& store, const calendar::Day& day, Separator separator);
+
+// The notes of many days in one go, for a page or the overview: each note
+// file is read at most once while the pass lives, so a note repeating every
+// week is not read a hundred times for one page. Keep a pass only as long as
+// the one computation; a new pass reads the files afresh.
+class NotesPass {
+public:
+    explicit NotesPass(const NoteStore& store) : m_store(store) {}
+    std::string notes_of_day(const calendar::Day& day, Separator separator);
+
+private:
+    const std::optional<std::string>& file_text(const std::string& file_name);
+    std::string note(const std::string& file_name);
+    std::optional<std::string> weekday_note(std::int32_t key);
+    std::string weekday_note_or_every_month(int month_code, int weekday, int ordinal);
+    void append_weekday_notes(const calendar::Day& day, int ordinal, std::string_view separator,
+                              std::string& text);
+
+    const NoteStore& m_store;
+    std::unordered_map<std::string, std::optional<std::string>> m_texts;  // by file name
+};
 
 // Yearly notes count years: "<1980>. Geburtstag" shown in 2024 reads
 // "44. Geburtstag". Looks at the first "<" and the first ">" after it; one to
