@@ -54,26 +54,11 @@ TEST_F(DaysNotesTest, ShowsTheNotesOfEachDayOnOneLine) {
     EXPECT_EQ(rows.at("2024-03-20"), "");
 }
 
-TEST_F(DaysNotesTest, WithoutThePasswordTheDigitsShow) {
-    const auto result = days("--user Anna");
-    ASSERT_EQ(result.status, 0) << result.err;
-    const std::string cell = notes_by_date(result.out).at("2024-03-19");
-    const std::string first = cell.substr(0, cell.find(kBar));
-    EXPECT_EQ(first.size(), 3 * std::string("Arzt\r\num 10").size()) << cell;
-    EXPECT_EQ(first.find_first_not_of("0123456789"), std::string::npos) << cell;
-}
-
 TEST_F(DaysNotesTest, RefusesAPasswordThatCannotBeStored) {
     const auto result = days("--user Anna --password 'Pass\u2013wort'");
     EXPECT_EQ(result.status, 2);
     EXPECT_NE(result.err.find("U+2013"), std::string::npos) << result.err;
     EXPECT_EQ(result.out, "");
-}
-
-TEST_F(DaysNotesTest, UserWithoutDirectoryHasNoNotes) {
-    const auto result = days("--user Bernd");
-    ASSERT_EQ(result.status, 0) << result.err;
-    for (const auto& [date, notes] : notes_by_date(result.out)) EXPECT_EQ(notes, "") << date;
 }
 
 }  // namespace
