@@ -1,7 +1,6 @@
 // Speed of the notes: the directory scan at start-up and after every write,
 // and the joined notes of every day of the widest page.
 #include <benchmark/benchmark.h>
-
 #include <stdlib.h>
 
 #include <cstdint>
@@ -39,7 +38,8 @@ public:
     BenchDir& operator=(const BenchDir&) = delete;
     const std::filesystem::path& path() const { return m_path; }
     void put(const std::string& file, std::string_view bytes) const {
-        std::ofstream(m_path / file, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        std::ofstream(m_path / file, std::ios::binary)
+            .write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     }
 
 private:
@@ -71,8 +71,9 @@ void BM_ScanAllKinds(benchmark::State& state) {
         store.scan_all();
         benchmark::DoNotOptimize(store.index().daily.data());
     }
-    state.counters["files"] = static_cast<double>(store.index().daily.size() + store.index().periodic.size() +
-                                                  store.index().yearly.size() + store.index().weekday.size());
+    state.counters["files"] =
+        static_cast<double>(store.index().daily.size() + store.index().periodic.size() +
+                            store.index().yearly.size() + store.index().weekday.size());
 }
 BENCHMARK(BM_ScanAllKinds)->Unit(benchmark::kMillisecond);
 
@@ -80,7 +81,8 @@ BENCHMARK(BM_ScanAllKinds)->Unit(benchmark::kMillisecond);
 void BM_ScanEachKind(benchmark::State& state) {
     notes::NoteStore store(crowded_directory().path(), "");
     for (auto _ : state) {
-        for (const notes::NoteKind kind : notes::kNoteKinds) store.scan(kind);
+        for (const notes::NoteKind kind : notes::kNoteKinds)
+            store.scan(kind);
         benchmark::DoNotOptimize(store.index().daily.data());
     }
 }
@@ -106,10 +108,14 @@ void put_note(const BenchDir& d, const std::string& file, int& n) {
 void fill_spread(const BenchDir& d) {
     int n = 0;
     const DayNumber from = calendar::day_number(2016, 0, 1);
-    for (int i = 0; i < 880; ++i) put_note(d, notes::daily_file_name(notes::date_key(Day::from_number(from + i * 8))), n);
-    for (int i = 0; i < 40; ++i) put_note(d, notes::periodic_file_name({from + i * 37, 7 + i * 358 / 39}), n);
-    for (int i = 0; i < 40; ++i) put_note(d, notes::yearly_file_name(notes::day_key(Day::from_number(from + i * 9))), n);
-    for (int i = 0; i < 40; ++i) put_note(d, notes::weekday_file_name(notes::weekday_key(i % 13, i % 7, i / 7 % 5)), n);
+    for (int i = 0; i < 880; ++i)
+        put_note(d, notes::daily_file_name(notes::date_key(Day::from_number(from + i * 8))), n);
+    for (int i = 0; i < 40; ++i)
+        put_note(d, notes::periodic_file_name({from + i * 37, 7 + i * 358 / 39}), n);
+    for (int i = 0; i < 40; ++i)
+        put_note(d, notes::yearly_file_name(notes::day_key(Day::from_number(from + i * 9))), n);
+    for (int i = 0; i < 40; ++i)
+        put_note(d, notes::weekday_file_name(notes::weekday_key(i % 13, i % 7, i / 7 % 5)), n);
 }
 
 // The worst case: all 1,000 notes on the page. 600 daily notes on 600 of its
@@ -118,11 +124,17 @@ void fill_spread(const BenchDir& d) {
 void fill_on_page(const BenchDir& d) {
     int n = 0;
     for (int i = 0; i < 600; ++i)
-        put_note(d, notes::daily_file_name(notes::date_key(Day::from_number(kPageFirst + i * 7 / 6))), n);
-    for (int i = 0; i < 200; ++i) put_note(d, notes::periodic_file_name({kPageFirst + i * 3, 7 + i * 358 / 199}), n);
+        put_note(d,
+                 notes::daily_file_name(notes::date_key(Day::from_number(kPageFirst + i * 7 / 6))),
+                 n);
+    for (int i = 0; i < 200; ++i)
+        put_note(d, notes::periodic_file_name({kPageFirst + i * 3, 7 + i * 358 / 199}), n);
     for (int i = 0; i < 100; ++i)
-        put_note(d, notes::yearly_file_name(notes::day_key(Day::from_number(kPageFirst + i * 11 / 3))), n);
-    for (int i = 0; i < 100; ++i) put_note(d, notes::weekday_file_name(notes::weekday_key(i % 13, i % 7, i / 7 % 5)), n);
+        put_note(d,
+                 notes::yearly_file_name(notes::day_key(Day::from_number(kPageFirst + i * 11 / 3))),
+                 n);
+    for (int i = 0; i < 100; ++i)
+        put_note(d, notes::weekday_file_name(notes::weekday_key(i % 13, i % 7, i / 7 % 5)), n);
 }
 
 // Argument 0: the spread notes, 1: the worst case.
@@ -164,7 +176,8 @@ void BM_NotesOfEachDayAfresh(benchmark::State& state) {
     for (auto _ : state) {
         std::size_t bytes = 0;
         for (DayNumber d = kPageFirst; d <= kPageLast; ++d)
-            bytes += notes::notes_of_day(store, Day::from_number(d), notes::Separator::OneLine).size();
+            bytes +=
+                notes::notes_of_day(store, Day::from_number(d), notes::Separator::OneLine).size();
         benchmark::DoNotOptimize(bytes);
     }
 }

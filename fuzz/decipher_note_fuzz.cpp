@@ -26,8 +26,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     using namespace sk::notes;
     if (size == 0) return 0;
     std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    const std::size_t password_length = std::min<std::size_t>(static_cast<unsigned char>(bytes[0]) & 31u,
-                                                              bytes.size() - 1);
+    const std::size_t password_length =
+        std::min<std::size_t>(static_cast<unsigned char>(bytes[0]) & 31u, bytes.size() - 1);
     const std::string_view password = bytes.substr(1, password_length);
     const std::string_view stored = bytes.substr(1 + password_length).substr(0, kMaxStoredBytes);
 

@@ -30,7 +30,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         check(!taken || kind_of_name(name).has_value());
         begin = end + 1;
     }
-    for (const NoteKind kind : kNoteKinds) index.finish(kind);
+    for (const NoteKind kind : kNoteKinds)
+        index.finish(kind);
 
     check(std::is_sorted(index.daily.begin(), index.daily.end()));
     check(std::is_sorted(index.yearly.begin(), index.yearly.end()));

@@ -14,7 +14,8 @@ std::function<std::string(const calendar::Day&)> notes_column(const UserContext&
     if (const auto typed = options.value("password")) {
         settings::EncodeError error;
         const auto latin9 = settings::utf8_to_latin9(*typed, &error);
-        if (!latin9) throw UsageError("das Passwort (--password) ist nicht verwendbar: " + error.message);
+        if (!latin9)
+            throw UsageError("das Passwort (--password) ist nicht verwendbar: " + error.message);
         password = *latin9;
     }
     std::error_code ec;

@@ -8,10 +8,12 @@ namespace sk::notes {
 namespace {
 
 constexpr std::size_t kExtensionLength = 4;  // ".txt", ".tnt", ".jnt", ".wmt"
-constexpr std::size_t kKeyPrefixLength = 8;  // daily and yearly keys come from this much of the name
+// Daily and yearly keys come from this much of the name.
+constexpr std::size_t kKeyPrefixLength = 8;
 
 bool has_extension(std::string_view name, NoteKind kind) {
-    return name.size() >= kExtensionLength && name.substr(name.size() - kExtensionLength) == extension(kind);
+    return name.size() >= kExtensionLength &&
+           name.substr(name.size() - kExtensionLength) == extension(kind);
 }
 
 std::string_view without_extension(std::string_view name) {
@@ -32,15 +34,21 @@ bool contains(const std::vector<std::int32_t>& sorted, std::int32_t key) {
 
 }  // namespace
 
-std::string daily_file_name(std::int32_t date_key) { return std::to_string(date_key) + ".txt"; }
+std::string daily_file_name(std::int32_t date_key) {
+    return std::to_string(date_key) + ".txt";
+}
 
 std::string periodic_file_name(PeriodicKey key) {
     return std::to_string(key.start) + '.' + std::to_string(key.interval) + ".tnt";
 }
 
-std::string yearly_file_name(std::int32_t day_key) { return std::to_string(day_key) + ".jnt"; }
+std::string yearly_file_name(std::int32_t day_key) {
+    return std::to_string(day_key) + ".jnt";
+}
 
-std::string weekday_file_name(std::int32_t key) { return std::to_string(key) + ".wmt"; }
+std::string weekday_file_name(std::int32_t key) {
+    return std::to_string(key) + ".wmt";
+}
 
 std::optional<std::int32_t> numeric_value(std::string_view text) {
     std::int64_t value = 0;
@@ -74,7 +82,8 @@ std::optional<PeriodicKey> periodic_key_of_name(std::string_view name) {
     const std::size_t point = name.find('.');
     const std::string_view base = without_extension(name);
     const auto start = numeric_value(name.substr(0, point));
-    const auto interval = numeric_value(point < base.size() ? base.substr(point + 1) : std::string_view());
+    const auto interval =
+        numeric_value(point < base.size() ? base.substr(point + 1) : std::string_view());
     if (!start || !interval || *interval <= 0) return std::nullopt;
     return PeriodicKey{*start, *interval};
 }
@@ -84,16 +93,30 @@ std::optional<std::int32_t> weekday_key_of_name(std::string_view name) {
     return numeric_value(without_extension(name));
 }
 
-bool NoteIndex::has_daily(std::int32_t date_key) const { return contains(daily, date_key); }
-bool NoteIndex::has_yearly(std::int32_t day_key) const { return contains(yearly, day_key); }
-bool NoteIndex::has_weekday(std::int32_t key) const { return contains(weekday, key); }
+bool NoteIndex::has_daily(std::int32_t date_key) const {
+    return contains(daily, date_key);
+}
+bool NoteIndex::has_yearly(std::int32_t day_key) const {
+    return contains(yearly, day_key);
+}
+bool NoteIndex::has_weekday(std::int32_t key) const {
+    return contains(weekday, key);
+}
 
 void NoteIndex::clear(NoteKind kind) {
     switch (kind) {
-        case NoteKind::Daily: daily.clear(); break;
-        case NoteKind::Periodic: periodic.clear(); break;
-        case NoteKind::Yearly: yearly.clear(); break;
-        case NoteKind::Weekday: weekday.clear(); break;
+        case NoteKind::Daily:
+            daily.clear();
+            break;
+        case NoteKind::Periodic:
+            periodic.clear();
+            break;
+        case NoteKind::Yearly:
+            yearly.clear();
+            break;
+        case NoteKind::Weekday:
+            weekday.clear();
+            break;
     }
 }
 
@@ -119,10 +142,17 @@ bool NoteIndex::admit(std::string_view name, std::optional<NoteKind> only) {
 
 void NoteIndex::finish(NoteKind kind) {
     switch (kind) {
-        case NoteKind::Daily: std::sort(daily.begin(), daily.end()); break;
-        case NoteKind::Periodic: break;  // listing order is the joining order
-        case NoteKind::Yearly: std::sort(yearly.begin(), yearly.end()); break;
-        case NoteKind::Weekday: std::sort(weekday.begin(), weekday.end()); break;
+        case NoteKind::Daily:
+            std::sort(daily.begin(), daily.end());
+            break;
+        case NoteKind::Periodic:
+            break;  // listing order is the joining order
+        case NoteKind::Yearly:
+            std::sort(yearly.begin(), yearly.end());
+            break;
+        case NoteKind::Weekday:
+            std::sort(weekday.begin(), weekday.end());
+            break;
     }
 }
 

@@ -25,10 +25,14 @@ inline constexpr std::array<NoteKind, 4> kNoteKinds = {NoteKind::Daily, NoteKind
 
 constexpr std::string_view extension(NoteKind kind) {
     switch (kind) {
-        case NoteKind::Daily: return ".txt";
-        case NoteKind::Periodic: return ".tnt";
-        case NoteKind::Yearly: return ".jnt";
-        case NoteKind::Weekday: return ".wmt";
+        case NoteKind::Daily:
+            return ".txt";
+        case NoteKind::Periodic:
+            return ".tnt";
+        case NoteKind::Yearly:
+            return ".jnt";
+        case NoteKind::Weekday:
+            return ".wmt";
     }
     return {};
 }
@@ -56,14 +60,18 @@ constexpr std::int32_t date_key(const calendar::Day& day) {
 }
 
 // month index*100 + day: the yearly note key (1 for 1 January, 1124 for 24 December).
-constexpr std::int32_t day_key(const calendar::Day& day) { return day.month_index * 100 + day.mday; }
+constexpr std::int32_t day_key(const calendar::Day& day) {
+    return day.month_index * 100 + day.mday;
+}
 
 // Which occurrence of its weekday a day of the month is: 0 for days 1-7, 1
 // for 8-14, 2 for 15-21, 3 for 22-28, 4 for 29-31. Defined as the whole
 // part of mday / 7.1 so that days 7, 14, 21 and 28 stay in the week they
 // end; 10 * mday / 71 is the same value without floating point (71 is
 // prime, so the quotient is never a whole number for days 1 to 31).
-constexpr int ordinal_in_month(int mday) { return mday * 10 / 71; }
+constexpr int ordinal_in_month(int mday) {
+    return mday * 10 / 71;
+}
 
 // 10000 + M*100 + W*10 + O with M the month index or kEveryMonth, W the
 // weekday (0 = Sunday) and O the ordinal (kLastOrdinal = last).
@@ -95,8 +103,10 @@ std::optional<NoteKind> kind_of_name(std::string_view name);
 
 // Keys read back from directory entries of the matching kind; nullopt when
 // the name does not pass the kind's admission rule.
-std::optional<std::int32_t> daily_key_of_name(std::string_view name);   // first 8 characters, in range
-std::optional<std::int32_t> yearly_key_of_name(std::string_view name);  // first 8 characters, in range
+std::optional<std::int32_t> daily_key_of_name(
+    std::string_view name);  // first 8 characters, in range
+std::optional<std::int32_t> yearly_key_of_name(
+    std::string_view name);  // first 8 characters, in range
 std::optional<PeriodicKey> periodic_key_of_name(std::string_view name);  // "S.N.tnt", N > 0
 std::optional<std::int32_t> weekday_key_of_name(std::string_view name);  // any "*.wmt"
 

@@ -39,12 +39,14 @@ NoteStore::NoteStore(std::filesystem::path directory, std::string password_latin
     : m_directory(std::move(directory)), m_password(std::move(password_latin9)) {}
 
 void NoteStore::scan_all() {
-    for (const NoteKind kind : kNoteKinds) m_index.clear(kind);
+    for (const NoteKind kind : kNoteKinds)
+        m_index.clear(kind);
     if (m_directory.empty()) return;
     DirectoryListing listing(m_directory);
     for (std::string_view name = listing.next(); !name.empty(); name = listing.next())
         m_index.admit(name);
-    for (const NoteKind kind : kNoteKinds) m_index.finish(kind);
+    for (const NoteKind kind : kNoteKinds)
+        m_index.finish(kind);
 }
 
 void NoteStore::scan(NoteKind kind) {
@@ -114,8 +116,7 @@ std::optional<std::string> NoteStore::write_daily(std::int32_t date_key, std::st
 }
 
 std::optional<std::string> NoteStore::write_periodic(PeriodicKey key, std::string_view text) {
-    if (key.start < 0)
-        return "Eine periodische Notiz kann nicht vor dem 1. Januar 1970 beginnen.";
+    if (key.start < 0) return "Eine periodische Notiz kann nicht vor dem 1. Januar 1970 beginnen.";
     if (key.interval < 1)
         return "Eine periodische Notiz muss sich nach mindestens einem Tag wiederholen.";
     return write_note(NoteKind::Periodic, periodic_file_name(key), text);
@@ -139,17 +140,20 @@ void NoteStore::delete_daily_notes_up_to(std::int32_t date_key) {
 }
 
 void NoteStore::delete_all_periodic_notes() {
-    for (const PeriodicKey key : m_index.periodic) remove_note(periodic_file_name(key));
+    for (const PeriodicKey key : m_index.periodic)
+        remove_note(periodic_file_name(key));
     m_index.clear(NoteKind::Periodic);
 }
 
 void NoteStore::delete_all_yearly_notes() {
-    for (const std::int32_t key : m_index.yearly) remove_note(yearly_file_name(key));
+    for (const std::int32_t key : m_index.yearly)
+        remove_note(yearly_file_name(key));
     m_index.clear(NoteKind::Yearly);
 }
 
 void NoteStore::delete_all_weekday_notes() {
-    for (const std::int32_t key : m_index.weekday) remove_note(weekday_file_name(key));
+    for (const std::int32_t key : m_index.weekday)
+        remove_note(weekday_file_name(key));
     m_index.clear(NoteKind::Weekday);
 }
 

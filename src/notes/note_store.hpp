@@ -66,7 +66,8 @@ public:
     void delete_all_weekday_notes();
 
 private:
-    std::optional<std::string> write_note(NoteKind kind, const std::string& name, std::string_view text);
+    std::optional<std::string> write_note(NoteKind kind, const std::string& name,
+                                          std::string_view text);
     void remove_note(const std::string& name) const;
 
     std::filesystem::path m_directory;

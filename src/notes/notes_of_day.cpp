@@ -11,17 +11,22 @@ using calendar::DayNumber;
 
 bool applies(PeriodicKey key, DayNumber day) {
     // Truncating remainders on both sides; equal places in the repeat.
-    return key.interval != 0 && calendar::rem(day, key.interval) == calendar::rem(key.start, key.interval);
+    return key.interval != 0 &&
+           calendar::rem(day, key.interval) == calendar::rem(key.start, key.interval);
 }
 
 // The last occurrence of its weekday that still has ordinal 3 (days 22 to 28).
-bool in_last_week(const Day& day) { return day.mday < 29 && day.mday > day.month_length() - 7; }
+bool in_last_week(const Day& day) {
+    return day.mday < 29 && day.mday > day.month_length() - 7;
+}
 
-std::string replace_all(std::string_view text, std::string_view from, std::string_view to, bool& changed) {
+std::string replace_all(std::string_view text, std::string_view from, std::string_view to,
+                        bool& changed) {
     std::string out;
     out.reserve(text.size());
     std::size_t pos = 0;
-    for (std::size_t hit = text.find(from); hit != std::string_view::npos; hit = text.find(from, pos)) {
+    for (std::size_t hit = text.find(from); hit != std::string_view::npos;
+         hit = text.find(from, pos)) {
         out.append(text, pos, hit - pos);
         out += to;
         pos = hit + from.size();
@@ -46,7 +51,8 @@ std::vector<PeriodicKey> periodic_notes_of_day(const NoteStore& store, DayNumber
 
 int periodic_note_count(const NoteStore& store, DayNumber day) {
     int count = 0;
-    for (const PeriodicKey key : store.index().periodic) count += applies(key, day) ? 1 : 0;
+    for (const PeriodicKey key : store.index().periodic)
+        count += applies(key, day) ? 1 : 0;
     return count;
 }
 
@@ -58,8 +64,9 @@ int weekday_note_flags(const NoteStore& store, const Day& day) {
     if (index.has_weekday(weekday_key(day.month_index, weekday, ordinal)) ||
         index.has_weekday(weekday_key(kEveryMonth, weekday, ordinal)))
         flags |= kOwnOrdinalNote;
-    if (in_last_week(day) && (index.has_weekday(weekday_key(day.month_index, weekday, kLastOrdinal)) ||
-                              index.has_weekday(weekday_key(kEveryMonth, weekday, kLastOrdinal))))
+    if (in_last_week(day) &&
+        (index.has_weekday(weekday_key(day.month_index, weekday, kLastOrdinal)) ||
+         index.has_weekday(weekday_key(kEveryMonth, weekday, kLastOrdinal))))
         flags |= kLastWeekNote;
     return flags;
 }
@@ -94,14 +101,17 @@ std::optional<std::string> NotesPass::weekday_note(std::int32_t key) {
 // The month's note for the weekday and ordinal; the every-month note stands
 // in for it when there is none.
 std::string NotesPass::weekday_note_or_every_month(int month_code, int weekday, int ordinal) {
-    if (auto text = weekday_note(weekday_key(month_code, weekday, ordinal))) return std::move(*text);
+    if (auto text = weekday_note(weekday_key(month_code, weekday, ordinal)))
+        return std::move(*text);
     return weekday_note(weekday_key(kEveryMonth, weekday, ordinal)).value_or(std::string());
 }
 
 void NotesPass::append_weekday_notes(const Day& day, int ordinal, std::string_view separator,
                                      std::string& text) {
-    const std::string month_note = weekday_note_or_every_month(day.month_index, day.weekday(), ordinal);
-    const std::string every_month = weekday_note_or_every_month(kEveryMonth, day.weekday(), ordinal);
+    const std::string month_note =
+        weekday_note_or_every_month(day.month_index, day.weekday(), ordinal);
+    const std::string every_month =
+        weekday_note_or_every_month(kEveryMonth, day.weekday(), ordinal);
     if (!month_note.empty()) {
         text += month_note;
         text += separator;
@@ -131,7 +141,8 @@ std::string NotesPass::notes_of_day(const Day& day, Separator separator) {
         text += sep;
     }
     append_weekday_notes(day, ordinal_in_month(day.mday), sep, text);
-    if (weekday_note_flags(m_store, day) & kLastWeekNote) append_weekday_notes(day, kLastOrdinal, sep, text);
+    if (weekday_note_flags(m_store, day) & kLastWeekNote)
+        append_weekday_notes(day, kLastOrdinal, sep, text);
     if (text.ends_with(sep)) text.resize(text.size() - sep.size());
     return text;
 }
@@ -149,7 +160,8 @@ std::string apply_year_placeholder(std::string text, int year) {
         const std::int32_t number = numeric_value(inside).value_or(0);  // at most 4 digits
         if (number == 0) return text;
         bool changed = false;
-        text = replace_all(text, "<" + std::to_string(number) + ">", std::to_string(year - number), changed);
+        text = replace_all(text, "<" + std::to_string(number) + ">", std::to_string(year - number),
+                           changed);
         if (!changed) return text;
     }
 }

@@ -39,8 +39,10 @@ inline constexpr std::string_view kOverviewDivider =
     "\r\n________________________________________________________\r\n";
 
 // Messages for an empty result, titled "Information".
-inline constexpr std::string_view kNoNotesForDay = "Für den gewählten Tag sind keine Notizen vorhanden!";
-inline constexpr std::string_view kNoNotesInRange = "Im angezeigten Zeitraum sind keine Notizen vorhanden!";
+inline constexpr std::string_view kNoNotesForDay =
+    "Für den gewählten Tag sind keine Notizen vorhanden!";
+inline constexpr std::string_view kNoNotesInRange =
+    "Im angezeigten Zeitraum sind keine Notizen vorhanden!";
 
 // Title of a window showing one day's notes: "Notizen für den 15.03.2024".
 std::string notes_window_title(const calendar::Day& day);

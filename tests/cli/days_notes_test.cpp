@@ -21,7 +21,8 @@ std::map<std::string, std::string> notes_by_date(const std::string& table) {
     std::istringstream in(table);
     std::string line;
     std::getline(in, line);  // header
-    while (std::getline(in, line)) rows[line.substr(0, line.find('\t'))] = line.substr(line.rfind('\t') + 1);
+    while (std::getline(in, line))
+        rows[line.substr(0, line.find('\t'))] = line.substr(line.rfind('\t') + 1);
     return rows;
 }
 

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -21,7 +20,9 @@ namespace {
 
 using calendar::Day;
 
-Day date(int year, int month, int mday) { return Day::from_date(year, month - 1, mday); }
+Day date(int year, int month, int mday) {
+    return Day::from_date(year, month - 1, mday);
+}
 
 const std::string kPassword = "Schl\xFCssel\xA4";  // "Schlüssel€" in ISO-8859-15
 
@@ -49,18 +50,22 @@ const std::vector<GoldenNote> kGolden = {
 
 std::set<std::string> files_in(const std::filesystem::path& dir) {
     std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(dir)) names.insert(entry.path().filename());
+    for (const auto& entry : std::filesystem::directory_iterator(dir))
+        names.insert(entry.path().filename());
     return names;
 }
 
 // One line per indexed key, as "daily 20240215" or "periodic 19797.14".
 std::string describe(const NoteIndex& index) {
     std::string text;
-    for (const auto key : index.daily) text += "daily " + std::to_string(key) + "\n";
+    for (const auto key : index.daily)
+        text += "daily " + std::to_string(key) + "\n";
     for (const auto key : index.periodic)
         text += "periodic " + std::to_string(key.start) + "." + std::to_string(key.interval) + "\n";
-    for (const auto key : index.yearly) text += "yearly " + std::to_string(key) + "\n";
-    for (const auto key : index.weekday) text += "weekday " + std::to_string(key) + "\n";
+    for (const auto key : index.yearly)
+        text += "yearly " + std::to_string(key) + "\n";
+    for (const auto key : index.weekday)
+        text += "weekday " + std::to_string(key) + "\n";
     return text;
 }
 
@@ -69,8 +74,9 @@ TEST(NoteKeys, ZeroBasedMonthsAndOrdinals) {
         Day day;
         std::int32_t date_key, day_key;
     };
-    for (const Case& c : {Case{date(2024, 3, 15), 20240215, 215}, Case{date(2024, 1, 10), 20240010, 10},
-                          Case{date(2024, 2, 1), 20240101, 101}, Case{date(2038, 12, 31), 20381131, 1131}}) {
+    for (const Case& c :
+         {Case{date(2024, 3, 15), 20240215, 215}, Case{date(2024, 1, 10), 20240010, 10},
+          Case{date(2024, 2, 1), 20240101, 101}, Case{date(2038, 12, 31), 20381131, 1131}}) {
         EXPECT_EQ(date_key(c.day), c.date_key);
         EXPECT_EQ(day_key(c.day), c.day_key);
     }
@@ -85,18 +91,30 @@ TEST(NoteKeys, ZeroBasedMonthsAndOrdinals) {
 
 TEST(NoteNames, ScanAdmissionRules) {
     const std::pair<std::string, std::string> cases[] = {
-        {"20240215.txt", "daily 20240215\n"},   {"19691131.txt", ""},  // 31 December 1969
-        {"20381131.txt", "daily 20381131\n"},   {"20381132.txt", ""},
-        {"202402150.txt", "daily 20240215\n"},  {"Notizen.txt", ""},   // first 8 characters
-        {".20240215.txt", ""},                  {"20240215.TXT", ""},  // hidden; other extension
-        {"1.jnt", "yearly 1\n"},                {"1131.jnt", "yearly 1131\n"},
-        {"0.jnt", ""},                          {"1132.jnt", ""},
-        {"19797.14.tnt", "periodic 19797.14\n"}, {"19797.0.tnt", ""},
-        {"19797.tnt", ""},                       {"19797.-7.tnt", ""},
-        {"x.5.tnt", "periodic 0.5\n"},           {"19797.14x.tnt", "periodic 19797.14\n"},
-        {"99999999999.14.tnt", ""},              {"10222.wmt", "weekday 10222\n"},
-        {"Treffen.wmt", "weekday 0\n"},          {"2147483648.wmt", ""},  // every "*.wmt" that fits
-        {".wmt", ""},                            {"Einstellungen.dat", ""},
+        {"20240215.txt", "daily 20240215\n"},
+        {"19691131.txt", ""},  // 31 December 1969
+        {"20381131.txt", "daily 20381131\n"},
+        {"20381132.txt", ""},
+        {"202402150.txt", "daily 20240215\n"},  // the first 8 characters count
+        {"Notizen.txt", ""},
+        {".20240215.txt", ""},  // hidden, like the temporary files of writes
+        {"20240215.TXT", ""},
+        {"1.jnt", "yearly 1\n"},
+        {"1131.jnt", "yearly 1131\n"},
+        {"0.jnt", ""},
+        {"1132.jnt", ""},
+        {"19797.14.tnt", "periodic 19797.14\n"},
+        {"19797.0.tnt", ""},
+        {"19797.tnt", ""},
+        {"19797.-7.tnt", ""},
+        {"x.5.tnt", "periodic 0.5\n"},
+        {"19797.14x.tnt", "periodic 19797.14\n"},
+        {"99999999999.14.tnt", ""},
+        {"10222.wmt", "weekday 10222\n"},
+        {"Treffen.wmt", "weekday 0\n"},  // every "*.wmt" is taken
+        {"2147483648.wmt", ""},         // unless its number does not fit
+        {".wmt", ""},
+        {"Einstellungen.dat", ""},
     };
     for (const auto& [name, indexed] : cases) {
         NoteIndex index;
@@ -111,14 +129,14 @@ TEST(NoteCipher, Cases) {
         bool both_ways;
     };
     const Case cases[] = {
-        {"Hi", "ab", "041011", true},       // 72 ^ 97 = 41, 105 ^ 98 = 11
-        {"xa", "ya", "001000", true},       // a character equal to the password's gives 000
-        {"abc", "ab", "000000002", true},   // the password starts over
-        {"\xFC", "\xA4", "088", true},      // ü ^ €
-        {"Hi", "", "Hi", true},             // no password: plain text
-        {"Hc", "ab", "04101", false},       // a final two-digit group is its own number
-        {"a", "a", "x41", false},           // no leading digit gives 0
-        {"\x86", "a", "999", false},        // 999 ^ 97 cut to 8 bits
+        {"Hi", "ab", "041011", true},      // 72 ^ 97 = 41, 105 ^ 98 = 11
+        {"xa", "ya", "001000", true},      // a character equal to the password's gives 000
+        {"abc", "ab", "000000002", true},  // the password starts over
+        {"\xFC", "\xA4", "088", true},     // ü ^ €
+        {"Hi", "", "Hi", true},            // no password: plain text
+        {"Hc", "ab", "04101", false},      // a final two-digit group is its own number
+        {"a", "a", "x41", false},          // no leading digit gives 0
+        {"\x86", "a", "999", false},       // 999 ^ 97 cut to 8 bits
     };
     for (const Case& c : cases) {
         if (c.both_ways) {
@@ -143,22 +161,28 @@ TEST_F(NoteStoreTest, GoldenFilesWithAndWithoutPassword) {
         NoteStore writer(user_dir, password);
         for (const GoldenNote& note : kGolden) {
             EXPECT_EQ(note.write(writer, note.text), std::nullopt);
-            EXPECT_EQ(test::read_bytes(user_dir / note.file), test::read_bytes(golden / note.file)) << note.file;
+            EXPECT_EQ(test::read_bytes(user_dir / note.file), test::read_bytes(golden / note.file))
+                << note.file;
         }
         EXPECT_EQ(files_in(user_dir), files_in(golden));
 
         NoteStore reader(golden, password);
         reader.scan_all();
-        EXPECT_EQ(describe(reader.index()), "daily 20240215\nperiodic 19797.14\nyearly 215\nweekday 10222\n");
-        for (const GoldenNote& note : kGolden) EXPECT_EQ(note.read(reader), note.text) << variant;
+        EXPECT_EQ(describe(reader.index()),
+                  "daily 20240215\nperiodic 19797.14\nyearly 215\nweekday 10222\n");
+        for (const GoldenNote& note : kGolden)
+            EXPECT_EQ(note.read(reader), note.text) << variant;
     }
     // Without the password the stored digits show.
-    EXPECT_EQ(NoteStore(dir / "enciphered", "").read_yearly(215), test::read_bytes(dir / "enciphered/215.jnt"));
+    EXPECT_EQ(NoteStore(dir / "enciphered", "").read_yearly(215),
+              test::read_bytes(dir / "enciphered/215.jnt"));
 }
 
 TEST_F(NoteStoreTest, EmptyTextDeletesTheNoteAndItsKey) {
-    for (const GoldenNote& note : kGolden) ASSERT_EQ(note.write(store, note.text), std::nullopt);
-    for (const GoldenNote& note : kGolden) EXPECT_EQ(note.write(store, ""), std::nullopt);
+    for (const GoldenNote& note : kGolden)
+        ASSERT_EQ(note.write(store, note.text), std::nullopt);
+    for (const GoldenNote& note : kGolden)
+        EXPECT_EQ(note.write(store, ""), std::nullopt);
     EXPECT_EQ(describe(store.index()), "");
     EXPECT_TRUE(files_in(dir.path()).empty());
     EXPECT_EQ(kGolden[0].read(store), "");
@@ -175,8 +199,8 @@ TEST_F(NoteStoreTest, RefusesWhatCouldNotBeReadBack) {
 
     for (const auto& refused : {store.write_daily(19691131, "x"), store.write_daily(20381132, "x"),
                                 store.write_yearly(0, "x"), store.write_yearly(1132, "x"),
-                                store.write_periodic({19797, 0}, "x"), store.write_periodic({-7, 14}, "x"),
-                                store.write_weekday(-1, "x")})
+                                store.write_periodic({19797, 0}, "x"),
+                                store.write_periodic({-7, 14}, "x"), store.write_weekday(-1, "x")})
         EXPECT_TRUE(refused.has_value());
     EXPECT_EQ(files_in(dir.path()), std::set<std::string>{"20240215.txt"});
 }
@@ -198,12 +222,13 @@ TEST_F(NoteStoreTest, LongestNoteIsCutOnlyWhenEnciphered) {
 }
 
 TEST_F(NoteStoreTest, ScanSortsAndScansOneKindAlone) {
-    for (const char* name : {"20381131.txt", "20240215.txt", ".20240101.txt.x1Y2z3", "19797.14.tnt", "1.jnt",
-                             "11254.wmt", "10222.wmt", "Schichtmarkierung.dat"})
+    for (const char* name : {"20381131.txt", "20240215.txt", ".20240101.txt.x1Y2z3", "19797.14.tnt",
+                             "1.jnt", "11254.wmt", "10222.wmt", "Schichtmarkierung.dat"})
         test::write_bytes(dir / name, "x");
     store.scan_all();
     EXPECT_EQ(describe(store.index()),
-              "daily 20240215\ndaily 20381131\nperiodic 19797.14\nyearly 1\nweekday 10222\nweekday 11254\n");
+              "daily 20240215\ndaily 20381131\nperiodic 19797.14\nyearly 1\nweekday 10222\nweekday "
+              "11254\n");
     std::filesystem::remove(dir / "1.jnt");
     std::filesystem::remove(dir / "10222.wmt");
     store.scan(NoteKind::Yearly);
@@ -217,7 +242,8 @@ TEST_F(NoteStoreTest, DeleteOperations) {
     for (const GoldenNote& note : std::vector(kGolden.begin() + 1, kGolden.end()))
         ASSERT_EQ(note.write(store, note.text), std::nullopt);
     store.delete_daily_notes_up_to(date_key(date(2024, 2, 15)));
-    EXPECT_EQ(describe(store.index()), "daily 20240116\nperiodic 19797.14\nyearly 215\nweekday 10222\n");
+    EXPECT_EQ(describe(store.index()),
+              "daily 20240116\nperiodic 19797.14\nyearly 215\nweekday 10222\n");
     store.delete_all_periodic_notes();
     EXPECT_EQ(describe(store.index()), "daily 20240116\nyearly 215\nweekday 10222\n");
     store.delete_all_yearly_notes();

@@ -12,7 +12,9 @@ namespace {
 
 using calendar::Day;
 
-Day date(int year, int month, int mday) { return Day::from_date(year, month - 1, mday); }
+Day date(int year, int month, int mday) {
+    return Day::from_date(year, month - 1, mday);
+}
 
 const std::string kBar = "\u00A0|\u00A0";
 
@@ -22,14 +24,18 @@ protected:
     NoteStore store{dir.path(), "geheim"};
 
     void weekday_note(int month_code, int weekday, int ordinal, std::string_view text) {
-        ASSERT_EQ(store.write_weekday(weekday_key(month_code, weekday, ordinal), text), std::nullopt);
+        ASSERT_EQ(store.write_weekday(weekday_key(month_code, weekday, ordinal), text),
+                  std::nullopt);
     }
-    std::string one_line(const Day& day) const { return notes_of_day(store, day, Separator::OneLine); }
+    std::string one_line(const Day& day) const {
+        return notes_of_day(store, day, Separator::OneLine);
+    }
 };
 
 TEST_F(NotesOfDayTest, PeriodicNoteAlsoBeforeItsStart) {
     ASSERT_EQ(store.write_periodic({100, 7}, "Wochenputz"), std::nullopt);
-    const std::pair<int, int> cases[] = {{2, 1}, {86, 1}, {93, 1}, {94, 0}, {100, 1}, {107, 1}, {0, 0}};
+    const std::pair<int, int> cases[] = {{2, 1},   {86, 1},  {93, 1}, {94, 0},
+                                         {100, 1}, {107, 1}, {0, 0}};
     for (const auto& [day, count] : cases) {
         EXPECT_EQ(periodic_note_count(store, day), count) << day;
         EXPECT_EQ(one_line(Day::from_number(day)), count ? "Wochenputz" : "") << day;
@@ -57,7 +63,7 @@ TEST_F(NotesOfDayTest, FourthAndLastWeekday) {
         {date(2024, 3, 24), "4. So", 1},
         {date(2024, 3, 25), "4. Mo" + kBar + "letzter Mo", 3},  // no fifth Monday follows
         {date(2024, 3, 28), "4. Do" + kBar + "letzter Do", 3},
-        {date(2024, 3, 29), "letzter Fr", 1},                   // days 29-31 have ordinal 4 themselves
+        {date(2024, 3, 29), "letzter Fr", 1},  // days 29-31 have ordinal 4 themselves
         {date(2024, 3, 31), "letzter So", 1},
         {date(2023, 2, 28), "4. Di" + kBar + "letzter Di", 3},  // 28-day February
         {date(2024, 2, 22), "4. Do", 1},                        // the 29th is the last Thursday
@@ -95,7 +101,8 @@ TEST_F(NotesOfDayTest, JoinsInFixedOrderWithEitherSeparator) {
     ASSERT_EQ(store.write_daily(date_key(day), "Arzt\r\num 10"), std::nullopt);
     EXPECT_EQ(notes_of_day(store, day, Separator::MultiLine),
               "Arzt\r\num 10\r\n\r\nMüll\r\n\r\n24. Jahrestag\r\n\r\nChor");
-    EXPECT_EQ(one_line(day), "Arzt\r\num 10" + kBar + "Müll" + kBar + "24. Jahrestag" + kBar + "Chor");
+    EXPECT_EQ(one_line(day),
+              "Arzt\r\num 10" + kBar + "Müll" + kBar + "24. Jahrestag" + kBar + "Chor");
 
     // Indexed notes whose files are gone still add their empty entries.
     std::filesystem::remove(dir / "20240219.txt");
@@ -115,15 +122,17 @@ TEST_F(NotesOfDayTest, HighlightAgreesWithTheJoinedNotes) {
     int days_with_notes = 0;
     for (auto d = calendar::day_number(2023, 0, 1); d <= calendar::day_number(2024, 11, 31); ++d) {
         const Day day = Day::from_number(d);
-        ASSERT_EQ(day_has_notes(store, day), !one_line(day).empty()) << calendar::format_iso_date(day);
+        ASSERT_EQ(day_has_notes(store, day), !one_line(day).empty())
+            << calendar::format_iso_date(day);
         days_with_notes += day_has_notes(store, day) ? 1 : 0;
     }
-    EXPECT_GT(days_with_notes, 60);  // not a vacuous comparison
+    EXPECT_GT(days_with_notes, 60);                        // not a vacuous comparison
     EXPECT_FALSE(day_has_notes(store, date(2023, 3, 1)));  // 29 February only in leap years
 }
 
 TEST(YearPlaceholder, Cases) {
-    const std::pair<std::string, std::string> cases[] = {  // shown in 2024
+    const std::pair<std::string, std::string> cases[] = {
+        // shown in 2024
         {"<1980>. Geburtstag", "44. Geburtstag"},
         {"<1980> und <1980>, <2000>", "44 und 44, 24"},
         {"<2030>", "-6"},
@@ -134,10 +143,11 @@ TEST(YearPlaceholder, Cases) {
         {"<0198> <198>", "<0198> 1826"},
         {"<>", "<>"},
         {"<a1> <1>", "<a1> <1>"},
-        {"<1äöü> <1>", "<1äöü> 2023"},       // four characters in seven bytes
+        {"<1äöü> <1>", "<1äöü> 2023"},  // four characters in seven bytes
         {"<1äöüß> <1>", "<1äöüß> <1>"},
     };
-    for (const auto& [text, shown] : cases) EXPECT_EQ(apply_year_placeholder(text, 2024), shown) << text;
+    for (const auto& [text, shown] : cases)
+        EXPECT_EQ(apply_year_placeholder(text, 2024), shown) << text;
 }
 
 TEST_F(NotesOfDayTest, OverviewOfTheShownMonths) {
