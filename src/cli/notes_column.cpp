@@ -1,0 +1,30 @@
+#include "cli/notes_column.hpp"
+
+#include <filesystem>
+#include <memory>
+
+#include "notes/notes_of_day.hpp"
+#include "settings/text_encoding.hpp"
+
+namespace sk::cli {
+
+std::function<std::string(const calendar::Day&)> notes_column(const UserContext& context,
+                                                              const Options& options) {
+    std::string password;
+    if (const auto typed = options.value("password")) {
+        settings::EncodeError error;
+        const auto latin9 = settings::utf8_to_latin9(*typed, &error);
+        if (!latin9)
+            throw UsageError("das Passwort (--password) ist nicht verwendbar: " + error.message);
+        password = *latin9;
+    }
+    std::error_code ec;
+    if (!std::filesystem::is_directory(context.user_dir, ec)) return {};
+    auto store = std::make_shared<notes::NoteStore>(context.user_dir, std::move(password));
+    store->scan_all();
+    return [store](const calendar::Day& day) {
+        return notes::notes_of_day(*store, day, notes::Separator::OneLine);
+    };
+}
+
+}  // namespace sk::cli

@@ -1,0 +1,21 @@
+// The notes column of "schichtkalender days": the notes of each day joined
+// on one line, read from the user's directory with the password given on
+// the command line.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "calendar/dates.hpp"
+#include "cli/commands.hpp"
+
+namespace sk::cli {
+
+// Reads the user's note indexes once; an empty function when the user's
+// directory does not exist. --password is taken as typed (UTF-8) and used as
+// its ISO-8859-15 bytes, as at the login; a password ISO-8859-15 cannot hold
+// is a UsageError naming the character.
+std::function<std::string(const calendar::Day&)> notes_column(const UserContext& context,
+                                                              const Options& options);
+
+}  // namespace sk::cli

@@ -1,0 +1,133 @@
+#include <gtest/gtest.h>
+
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "session/exit_signals.hpp"
+#include "session/session.hpp"
+#include "test_support.hpp"
+
+namespace sk::session {
+namespace {
+
+using calendar::day_number;
+
+TEST(Session, FirstStartCreatesTheUserAndUsesDefaults) {
+    test::TempDir dir;
+    StartResult r = start_session(dir / "SKDaten", "Programm", "");
+    ASSERT_TRUE(r.session) << r.error;
+    EXPECT_TRUE(r.messages.empty());
+    const Session& s = *r.session;
+    EXPECT_EQ(s.user_dir, dir / "SKDaten" / "Programm");
+    EXPECT_EQ(s.settings.user_directory, (dir / "SKDaten").string());
+    EXPECT_EQ(s.settings.columns, 6);
+    EXPECT_EQ(s.settings.place_name, "Rodenwald");
+    EXPECT_TRUE(s.shift_markings.items.empty());
+    EXPECT_TRUE(s.notes.index().daily.empty());
+}
+
+TEST(Session, RefusesBadNamesAndPasswords) {
+    test::TempDir dir;
+    for (const char* user : {"", "..", "a/b", "tab\there"})
+        EXPECT_FALSE(start_session(dir / "SKDaten", user, "").session) << user;
+    const StartResult r = start_session(dir / "SKDaten", "Anna", "Schnee☃");
+    EXPECT_FALSE(r.session);
+    EXPECT_NE(r.error.find("U+2603"), std::string::npos) << r.error;
+    EXPECT_FALSE(std::filesystem::exists(dir / "SKDaten" / "a"));
+}
+
+TEST(Session, LoadsWhatTheUserKeeps) {
+    test::TempDir dir;
+    const auto user_dir = dir / "SKDaten" / "Anna";
+    std::filesystem::create_directories(user_dir);
+    test::write_bytes(user_dir / "Einstellungen.dat",
+                      "[Programmeinstellungen]\nSchichtart = 4\nUrlaubZyklus = 1\n"
+                      "UrlaubStartMonat = 5\n");
+    test::write_bytes(user_dir / "20240215.txt", "Zahnarzt");
+    test::write_bytes(user_dir / "Kalendermarkierung.dat",
+                      std::string("\x10\x4d\x00\x00\x17\x4d\x00\x00\xff\x00\x00\x00", 12));
+    StartResult r = start_session(dir / "SKDaten", "Anna", "");
+    ASSERT_TRUE(r.session) << r.error;
+    const Session& s = *r.session;
+    EXPECT_EQ(s.settings.model, 4);
+    EXPECT_EQ(s.vacation_order[0], (std::array<int, 5>{1, 2, 3, 4, 0}));
+    EXPECT_EQ(s.vacation_start.month, 5);
+    EXPECT_EQ(s.notes.index().daily, (std::vector<std::int32_t>{20240215}));
+    ASSERT_EQ(s.calendar_markings.items.size(), 1u);
+    EXPECT_EQ(s.calendar_markings.items[0].colour, 255);
+}
+
+TEST(Session, MissingExternalDirectoryIsReportedAndReset) {
+    test::TempDir dir;
+    std::filesystem::create_directories(dir / "SKDaten" / "Programm");
+    test::write_bytes(dir / "SKDaten" / "Programm" / "Einstellungen.dat",
+                      "[Programmeinstellungen]\nAnwenderverzeichnis = /media/stick/SKDaten\n");
+    StartResult r = start_session(dir / "SKDaten", "Programm", "");
+    ASSERT_TRUE(r.session);
+    ASSERT_EQ(r.messages.size(), 1u);
+    EXPECT_EQ(r.messages[0],
+              "Das externe Programmverzeichnis '/media/stick/SKDaten' wurde nicht gefunden!");
+    EXPECT_EQ(r.session->settings.user_directory, (dir / "SKDaten").string());
+    // The repair is written with the settings on exit.
+    EXPECT_TRUE(save_on_exit(*r.session).empty());
+    EXPECT_NE(test::read_bytes(dir / "SKDaten" / "Programm" / "Einstellungen.dat")
+                  .find("Anwenderverzeichnis = " + (dir / "SKDaten").string() + "\n"),
+              std::string::npos);
+}
+
+TEST(Session, SaveOnExitWritesChangedMarkingsAndAlwaysTheSettings) {
+    test::TempDir dir;
+    StartResult r = start_session(dir / "SKDaten", "Programm", "");
+    ASSERT_TRUE(r.session);
+    Session& s = *r.session;
+    const auto marking_file = s.user_dir / "Schichtmarkierung.dat";
+
+    EXPECT_TRUE(save_on_exit(s).empty());
+    EXPECT_TRUE(std::filesystem::exists(s.user_dir / "Einstellungen.dat"));
+    EXPECT_FALSE(std::filesystem::exists(marking_file));
+
+    const calendar::DayNumber d = day_number(2024, 4, 6);  // a Monday
+    ASSERT_TRUE(marks::apply_marking(s.shift_markings, d, 1, marks::kind_a::kWorked, 0));
+    EXPECT_TRUE(save_on_exit(s).empty());
+    EXPECT_EQ(std::filesystem::file_size(marking_file), 6u);
+
+    // Removing the last marking leaves no file behind.
+    ASSERT_TRUE(marks::apply_marking(s.shift_markings, d, 1, marks::remove_code(marks::MarkingKind::A), 0));
+    EXPECT_TRUE(save_on_exit(s).empty());
+    EXPECT_FALSE(std::filesystem::exists(marking_file));
+}
+
+// A desktop logging out sends SIGTERM: the program saves and ends normally.
+TEST(Session, TerminationSignalStillSavesTheMarkings) {
+    test::TempDir dir;
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        ExitSignalWatch watch;
+        StartResult r = start_session(dir / "SKDaten", "Programm", "");
+        if (!r.session || watch.fd() < 0) _exit(3);
+        marks::apply_marking(r.session->shift_markings, day_number(2024, 4, 6), 2,
+                             marks::kind_a::kVacation, 0);
+        for (;;) {  // the main loop: wait for events
+            pollfd p{watch.fd(), POLLIN, 0};
+            if (::poll(&p, 1, 5000) <= 0) _exit(4);
+            if (watch.take_signal() == SIGTERM) _exit(save_on_exit(*r.session).empty() ? 0 : 5);
+        }
+    }
+    // Give the child time to load, then end it as a session manager would.
+    for (int i = 0; i < 100 && !std::filesystem::exists(dir / "SKDaten" / "Programm"); ++i)
+        ::usleep(10000);
+    ::usleep(100000);
+    ::kill(child, SIGTERM);
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+    EXPECT_EQ(std::filesystem::file_size(dir / "SKDaten" / "Programm" / "Schichtmarkierung.dat"), 6u);
+}
+
+}  // namespace
+}  // namespace sk::session
