@@ -6,10 +6,14 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <unistd.h>
+
+#include <filesystem>
 #include <memory>
 #include <random>
 #include <vector>
 
+#include "notes/note_keys.hpp"
 #include "view/page_output.hpp"
 #include "view/page_painter.hpp"
 #include "view/page_sources.hpp"
@@ -19,42 +23,48 @@ namespace {
 using namespace sk;
 using calendar::DayNumber;
 
-// 1,000 notes and 500 markings of each kind, spread over the page and the
-// months around it.
+// 1,000 notes of the four kinds in a note directory of their own (900
+// daily, 50 yearly, 40 periodic, 10 weekday-in-month) and 500 markings of
+// each kind, spread over the page and the months around it.
 struct UserData {
-    std::vector<DayNumber> notes;  // sorted
+    std::filesystem::path directory;
+    notes::NoteStore notes;
     marks::CalendarMarkings bars;
     marks::ShiftMarkings shifts;
-};
 
-std::shared_ptr<UserData> user_data(DayNumber first, DayNumber last) {
-    auto data = std::make_shared<UserData>();
-    std::mt19937 random(7);
-    std::uniform_int_distribution<DayNumber> day(first - 300, last + 300);
-    for (int i = 0; i < 1000; ++i) data->notes.push_back(day(random));
-    std::sort(data->notes.begin(), data->notes.end());
-    for (int i = 0; i < 500; ++i) {
-        const DayNumber start = day(random);
-        marks::save_marking(data->bars, start, start + static_cast<DayNumber>(random() % 10),
-                            marks::kDefaultMarkingColour);
-        data->shifts.items.push_back({day(random), static_cast<std::int8_t>(random() % 4 + 1),
-                                      static_cast<std::int8_t>(random() % 6)});
+    UserData(DayNumber first, DayNumber last)
+        : directory(std::filesystem::temp_directory_path() /
+                    ("sk-view-bench-" + std::to_string(::getpid()))),
+          notes((std::filesystem::create_directories(directory), directory), "") {
+        std::mt19937 random(7);
+        std::uniform_int_distribution<DayNumber> day(first - 300, last + 300);
+        for (int i = 0; i < 900; ++i)
+            notes.write_daily(notes::date_key(calendar::Day::from_number(day(random))), "Notiz");
+        for (int i = 0; i < 50; ++i)
+            notes.write_yearly(notes::day_key(calendar::Day::from_number(day(random))), "Jahrestag");
+        for (int i = 0; i < 40; ++i)
+            notes.write_periodic({day(random), static_cast<std::int32_t>(14 + random() % 60)}, "Termin");
+        for (int i = 0; i < 10; ++i)
+            notes.write_weekday(notes::weekday_key(static_cast<int>(random() % 13), static_cast<int>(random() % 7),
+                                                   static_cast<int>(random() % 5)),
+                                "Monatlich");
+        for (int i = 0; i < 500; ++i) {
+            const DayNumber start = day(random);
+            marks::save_marking(bars, start, start + static_cast<DayNumber>(random() % 10),
+                                marks::kDefaultMarkingColour);
+            shifts.items.push_back({day(random), static_cast<std::int8_t>(random() % 4 + 1),
+                                    static_cast<std::int8_t>(random() % 6)});
+        }
+        std::sort(shifts.items.begin(), shifts.items.end(),
+                  [](const auto& a, const auto& b) { return a.day < b.day; });
     }
-    std::sort(data->shifts.items.begin(), data->shifts.items.end(),
-              [](const auto& a, const auto& b) { return a.day < b.day; });
-    return data;
-}
-
-view::PageExtras extras(const std::shared_ptr<UserData>& data, const settings::Settings& settings) {
-    view::PageExtras e;
-    e.has_notes = [data](const calendar::Day& d) {
-        return std::binary_search(data->notes.begin(), data->notes.end(), d.number);
-    };
-    e.marking_colour = view::marking_source(data->bars);
-    e.shift_marking = view::shift_marking_source(data->shifts);
-    e.sky = view::sky_source(settings);
-    return e;
-}
+    ~UserData() {
+        std::error_code ec;
+        std::filesystem::remove_all(directory, ec);
+    }
+    UserData(const UserData&) = delete;
+    UserData& operator=(const UserData&) = delete;
+};
 
 view::PageRequest full_request() {
     view::PageRequest r;
@@ -70,14 +80,10 @@ view::PageRequest full_request() {
 
 struct Page {
     view::PageRequest request = full_request();
-    std::shared_ptr<UserData> data;
-    view::PageExtras extra;
+    UserData data{view::page_days(request).first, view::page_days(request).last};
+    view::PageExtras extra =
+        view::page_extras(settings::Settings{}, {data.notes, data.bars, data.shifts});
     view::PageRenderer renderer{view::FontSpec{"DejaVu Sans", 10, 0}};
-    Page() {
-        const view::DayRange range = view::page_days(request);
-        data = user_data(range.first, range.last);
-        extra = extras(data, settings::Settings{});
-    }
 };
 
 // The page as after moving the cursor: the sky of the months is known.

@@ -8,6 +8,7 @@
 
 #include "calendar/shift_model.hpp"
 #include "cli/commands.hpp"
+#include "cli/notes_column.hpp"
 #include "marks/calendar_markings.hpp"
 #include "marks/shift_markings.hpp"
 #include "view/page_output.hpp"
@@ -95,21 +96,21 @@ view::FontSpec parse_font(const std::string& text) {
     return font;
 }
 
-// What the page draws from the user's directory and the sky. The markings
-// are read only when a data directory is given.
+// What the page draws from the user's directory (read only when a data
+// directory is given) and the sky.
 struct UserData {
+    std::shared_ptr<notes::NoteStore> notes = std::make_shared<notes::NoteStore>();
     marks::CalendarMarkings calendar_markings;
     marks::ShiftMarkings shift_markings;
 };
 
-view::PageExtras page_extras(const UserContext& context, const UserData& data) {
-    view::PageExtras extras;
-    extras.sky = view::sky_source(context.settings);
-    if (context.data_dir_given) {
-        extras.marking_colour = view::marking_source(data.calendar_markings);
-        extras.shift_marking = view::shift_marking_source(data.shift_markings);
-    }
-    return extras;
+UserData read_user_data(const UserContext& context, const Options& options) {
+    UserData data;
+    if (!context.data_dir_given) return data;
+    if (auto store = user_note_store(context, options)) data.notes = std::move(store);
+    data.calendar_markings = marks::load_calendar_markings(context.user_dir);
+    data.shift_markings = marks::load_shift_markings(context.user_dir);
+    return data;
 }
 
 int run_render(const Args& args, std::ostream& out, std::ostream& err) {
@@ -151,13 +152,11 @@ int run_render(const Args& args, std::ostream& out, std::ostream& err) {
         throw UsageError("der Cursor " + calendar::format_iso_date(*cursor) +
                          " liegt nicht auf der Seite");
 
-    UserData data;
-    if (context.data_dir_given) {
-        data.calendar_markings = marks::load_calendar_markings(context.user_dir);
-        data.shift_markings = marks::load_shift_markings(context.user_dir);
-    }
+    const UserData data = read_user_data(context, options);
+    const view::PageExtras extras =
+        view::page_extras(s, {*data.notes, data.calendar_markings, data.shift_markings});
     view::PageRenderer renderer(font.value_or(view::font_spec(s)));
-    const view::PageLayout layout = renderer.layout(request, page_extras(context, data));
+    const view::PageLayout layout = renderer.layout(request, extras);
     const bool written = pdf ? view::write_pdf(layout, *path, paper) : view::write_png(layout, *path);
     if (!written) {
         err << "schichtkalender render: die Datei \"" << *path << "\" kann nicht geschrieben werden\n";

@@ -53,12 +53,42 @@ struct Stamp {
     int height = 0;
 };
 
-class TextStamps {
+// A moon symbol as image with alpha, centred on (centre, centre).
+struct MoonStamp {
+    SurfacePtr surface;  // ARGB32
+    PixmanPtr image;
+    int centre = 0;
+    int size = 0;
+};
+
+class Stamps {
 public:
     const Stamp& get(const ShapedText& text, double squeeze) {
         const Key key{&text, squeeze};
         if (const auto it = m_stamps.find(key); it != m_stamps.end()) return it->second;
         return m_stamps.emplace(key, make(text, squeeze)).first->second;
+    }
+
+    const MoonStamp& moon(const MoonItem& m) {
+        for (const auto& [look, stamp] : m_moons)
+            if (look.phase == m.phase && look.eclipse == m.eclipse && look.r == m.r) return stamp;
+        MoonStamp s;
+        s.centre = static_cast<int>(std::ceil(m.r)) + 2;
+        s.size = 2 * s.centre + 1;
+        s.surface.reset(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, s.size, s.size));
+        {
+            const CairoPtr cr(cairo_create(s.surface.get()));
+            MoonItem centred = m;
+            centred.cx = centred.cy = s.centre + 0.5;
+            paint_moon(cr.get(), centred);
+        }
+        cairo_surface_flush(s.surface.get());
+        s.image.reset(pixman_image_create_bits(
+            PIXMAN_a8r8g8b8, s.size, s.size,
+            reinterpret_cast<std::uint32_t*>(cairo_image_surface_get_data(s.surface.get())),
+            cairo_image_surface_get_stride(s.surface.get())));
+        m_moons.emplace_back(m, std::move(s));
+        return m_moons.back().second;
     }
 
 private:
@@ -99,14 +129,15 @@ private:
     }
 
     std::unordered_map<Key, Stamp, KeyHash> m_stamps;
+    std::vector<std::pair<MoonItem, MoonStamp>> m_moons;
 };
 
-void TextStampsDeleter::operator()(TextStamps* stamps) const { delete stamps; }
+void StampsDeleter::operator()(Stamps* stamps) const { delete stamps; }
 
 // Defined here, where the stamps are known, so that the shaper's header
 // needs no pixman.
-TextStamps& TextShaper::stamps() {
-    if (!m_stamps) m_stamps.reset(new TextStamps);
+Stamps& TextShaper::stamps() {
+    if (!m_stamps) m_stamps.reset(new Stamps);
     return *m_stamps;
 }
 
@@ -177,12 +208,32 @@ bool paint_page_on_image(cairo_t* cr, const PageLayout& layout) {
             fill(c, boxes);
         }
     }
+    // Frames of whole pixels as four boxes each; any other with Cairo.
+    std::vector<Frame> odd_frames;
+    for (const Frame& f : layout.frames) {
+        const Rect& r = f.rect;
+        if (!whole(r.x) || !whole(r.y) || !whole(r.w) || !whole(r.h) || !whole(f.width)) {
+            odd_frames.push_back(f);
+            continue;
+        }
+        const auto x0 = static_cast<int32_t>(r.x + dx), y0 = static_cast<int32_t>(r.y + dy);
+        const auto x1 = static_cast<int32_t>(r.right() + dx), y1 = static_cast<int32_t>(r.bottom() + dy);
+        const auto w = static_cast<int32_t>(f.width);
+        fill(f.colour, {{x0, y0, x1, y0 + w}, {x0, y1 - w, x1, y1}, {x0, y0 + w, x0 + w, y1 - w},
+                        {x1 - w, y0 + w, x1, y1 - w}});
+    }
     cairo_surface_mark_dirty(target);
-    paint_frames(cr, layout.frames);
-    paint_moons(cr, layout.moons);
+    paint_frames(cr, odd_frames);
     cairo_surface_flush(target);
 
-    TextStamps& stamps = layout.shaper->stamps();
+    Stamps& stamps = layout.shaper->stamps();
+    for (const MoonItem& moon : layout.moons) {
+        const MoonStamp& s = stamps.moon(moon);
+        const auto x = static_cast<int32_t>(std::floor(moon.cx + dx)) - s.centre;
+        const auto y = static_cast<int32_t>(std::floor(moon.cy + dy)) - s.centre;
+        pixman_image_composite32(PIXMAN_OP_OVER, s.image.get(), nullptr, dst.get(), 0, 0, 0, 0, x, y,
+                                 s.size, s.size);
+    }
     std::vector<std::pair<Rgb, PixmanPtr>> solids;
     for (const TextItem& t : layout.texts) {
         if (!t.shaped) continue;

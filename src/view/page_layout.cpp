@@ -115,6 +115,11 @@ public:
         }
         m_with_block = o.vacation_block && calendar::has_vacation_block(request.model);
         m_free_level = calendar::kShiftModels[static_cast<std::size_t>(request.model)].free_day_level;
+        for (std::size_t c = 0; c < m_crews.size(); ++c) {
+            const Rgb crew = crew_colour(static_cast<int>(c));
+            m_crews[c] = {crew, text_colour_on(crew), mix(crew, kBlack, 0.2), mix(crew, kWhite, 0.62),
+                          mix(crew, kWhite, 0.82)};
+        }
     }
 
     const PageFacts& facts() const { return m_facts; }
@@ -278,7 +283,7 @@ private:
             sc.kind = s.kinds[static_cast<std::size_t>(c)];
             sc.marked = c == marked;
             const Rect& r = sc.rect;
-            const Rgb crew = crew_colour(c);
+            const CrewLook& crew = m_crews[static_cast<std::size_t>(c)];
             if (sc.marked) {
                 m_b.box(Layer::Cell, r, kWhite);
                 m_b.frame(r, palette::kMarkingFrame, stroke);
@@ -293,19 +298,18 @@ private:
                     if (cell.free_day) {
                         m_b.cell_text(TextStyle::Regular, letter, r, palette::kMuted);
                     } else {
-                        m_b.box(Layer::Cell, r, crew);
-                        m_b.cell_text(TextStyle::Bold, letter, r, text_colour_on(crew));
+                        m_b.box(Layer::Cell, r, crew.fill);
+                        m_b.cell_text(TextStyle::Bold, letter, r, crew.ink);
                     }
                     break;
                 case CellKind::Standby:
-                    m_b.frame(r, mix(crew, kBlack, 0.2), stroke);
+                    m_b.frame(r, crew.frame, stroke);
                     m_b.cell_text(TextStyle::Bold, letter, r, palette::kStandbyText);
                     break;
                 case CellKind::Vacation:
                 case CellKind::VacationOff: {
                     const bool off = sc.kind == CellKind::VacationOff;
-                    const Rgb pale = mix(crew, kWhite, off ? 0.82 : 0.62);
-                    m_b.box(Layer::Cell, r, pale);
+                    m_b.box(Layer::Cell, r, off ? crew.paler : crew.pale);
                     m_b.cell_text(off ? TextStyle::SmallBold : TextStyle::Bold, letter, r,
                                   off ? palette::kStandbyText : palette::kText);
                     m_facts.vacation = true;
@@ -331,8 +335,15 @@ private:
         "28", "29", "30", "31", "32", "33", "34", "35", "36", "37", "38", "39", "40", "41",
         "42", "43", "44", "45", "46", "47", "48", "49", "50", "51", "52", "53"};
 
+    // The colours of a crew's cells: working, its letters, standby frame,
+    // vacation and vacation day off.
+    struct CrewLook {
+        Rgb fill, ink, frame, pale, paler;
+    };
+
     PageBuilder& m_b;
     const PageRequest& m_request;
+    std::array<CrewLook, 5> m_crews{};
     const PageExtras& m_extras;
     DayRange m_range;
     std::vector<DaySky> m_sky;

@@ -54,8 +54,6 @@ void paint_frames(cairo_t* cr, const std::vector<Frame>& frames) {
     }
 }
 
-namespace {
-
 void paint_moon(cairo_t* cr, const MoonItem& m) {
     constexpr double kPi = 3.14159265358979323846;
     const auto disc = [&] {
@@ -84,6 +82,8 @@ void paint_moon(cairo_t* cr, const MoonItem& m) {
     cairo_set_line_width(cr, outline);
     cairo_stroke(cr);
 }
+
+namespace {
 
 struct GlyphBatch {
     cairo_scaled_font_t* font;

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "notes/notes_of_day.hpp"
+
 namespace sk::view {
 
 DaySky day_sky(const astro::DaySymbols& s) {
@@ -39,6 +41,10 @@ decltype(PageExtras::sky) sky_source(const settings::Settings& settings) {
     };
 }
 
+decltype(PageExtras::has_notes) notes_source(const notes::NoteStore& notes) {
+    return [&notes](const calendar::Day& day) { return notes::day_has_notes(notes, day); };
+}
+
 decltype(PageExtras::marking_colour) marking_source(const marks::CalendarMarkings& markings) {
     return [&markings](calendar::DayNumber d) {
         return static_cast<std::uint32_t>(marks::marking_colour_of_day(markings, d)) & 0xFFFFFFu;
@@ -51,6 +57,15 @@ decltype(PageExtras::shift_marking) shift_marking_source(const marks::ShiftMarki
         if (!m) return std::nullopt;
         return ShiftMark{m->column, m->code};
     };
+}
+
+PageExtras page_extras(const settings::Settings& settings, const UserStores& stores) {
+    PageExtras extras;
+    extras.has_notes = notes_source(stores.notes);
+    extras.marking_colour = marking_source(stores.calendar_markings);
+    extras.shift_marking = shift_marking_source(stores.shift_markings);
+    extras.sky = sky_source(settings);
+    return extras;
 }
 
 }  // namespace sk::view

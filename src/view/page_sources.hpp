@@ -1,12 +1,13 @@
 // Where the page's extras come from in the program: the sky of the
-// astronomy library for the settings' place and time zone, and the user's
-// calendar and shift markings. Each source refers to its store, which must
-// outlive the PageExtras made from it.
+// astronomy library for the settings' place and time zone, the user's notes,
+// and the user's calendar and shift markings. Each source refers to its
+// store, which must outlive the PageExtras made from it.
 #pragma once
 
 #include "astro/day_information.hpp"
 #include "marks/calendar_markings.hpp"
 #include "marks/shift_markings.hpp"
+#include "notes/note_store.hpp"
 #include "settings/settings.hpp"
 #include "view/page_input.hpp"
 
@@ -19,7 +20,18 @@ DaySky day_sky(const astro::DaySymbols& symbols);
 // redrawing the same months (the cursor moved, a note was saved) does not
 // compute the sky again.
 decltype(PageExtras::sky) sky_source(const settings::Settings& settings);
+// A day has notes when any note of the four kinds applies to it (index
+// lookups only, no file is read).
+decltype(PageExtras::has_notes) notes_source(const notes::NoteStore& notes);
 decltype(PageExtras::marking_colour) marking_source(const marks::CalendarMarkings& markings);
 decltype(PageExtras::shift_marking) shift_marking_source(const marks::ShiftMarkings& markings);
+
+// Every extra of a logged-in user: what the window and the clipboard draw.
+struct UserStores {
+    const notes::NoteStore& notes;
+    const marks::CalendarMarkings& calendar_markings;
+    const marks::ShiftMarkings& shift_markings;
+};
+PageExtras page_extras(const settings::Settings& settings, const UserStores& stores);
 
 }  // namespace sk::view

@@ -66,11 +66,11 @@ struct ShapedText {
     std::vector<GlyphRun> runs;
 };
 
-// Texts rasterised for painting onto image surfaces (image_painter.cpp);
-// kept with the shaper whose glyphs they hold.
-class TextStamps;
-struct TextStampsDeleter {
-    void operator()(TextStamps* stamps) const;
+// Texts and symbols rasterised for painting onto image surfaces
+// (image_painter.cpp); kept with the shaper whose glyphs they hold.
+class Stamps;
+struct StampsDeleter {
+    void operator()(Stamps* stamps) const;
 };
 
 class TextShaper {
@@ -83,7 +83,7 @@ public:
     CellSize cell() const { return m_cell; }
     // The shaped text, made on first use and kept for the shaper's life.
     const ShapedText& shape(TextStyle style, std::string_view text);
-    TextStamps& stamps();
+    Stamps& stamps();
 
 private:
     struct Hash {
@@ -100,7 +100,7 @@ private:
     std::array<FontDescriptionPtr, kTextStyleCount> m_descriptions;
     std::array<Cache, kTextStyleCount> m_cache;
     CellSize m_cell;
-    std::unique_ptr<TextStamps, TextStampsDeleter> m_stamps;
+    std::unique_ptr<Stamps, StampsDeleter> m_stamps;
 };
 
 }  // namespace sk::view

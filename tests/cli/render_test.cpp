@@ -7,6 +7,8 @@
 
 #include "marks/calendar_markings.hpp"
 #include "marks/shift_markings.hpp"
+#include "notes/note_keys.hpp"
+#include "notes/note_store.hpp"
 #include "test_support.hpp"
 
 namespace sk::cli {
@@ -117,8 +119,9 @@ TEST(RenderCommand, ReadsTheUsersSettings) {
     cairo_surface_destroy(image);
 }
 
-// The user's markings reach the page: a bar and a shift marking change it.
-TEST(RenderCommand, DrawsTheUsersMarkings) {
+// The user's data reach the page: a bar, a shift marking and a note each
+// change it.
+TEST(RenderCommand, DrawsTheUsersMarkingsAndNotes) {
     sk::test::TempDir dir;
     std::filesystem::create_directories(dir / "Programm");
     const auto render_png = [&](const std::string& name) {
@@ -137,8 +140,12 @@ TEST(RenderCommand, DrawsTheUsersMarkings) {
     shifts.items = {{calendar::day_number(2024, 2, 12), 1, marks::kind_a::kSick}};
     sk::test::write_bytes(dir / "Programm" / marks::kShiftMarkingsFile, marks::serialize_shift_markings(shifts));
     const std::string with_both = render_png("beide.png");
+    notes::NoteStore store(dir / "Programm", "");
+    ASSERT_FALSE(store.write_daily(notes::date_key(calendar::Day::from_date(2024, 2, 20)), "Notiz"));
+    const std::string with_note = render_png("notiz.png");
     EXPECT_NE(plain, with_bar);
     EXPECT_NE(with_bar, with_both);
+    EXPECT_NE(with_both, with_note);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "notes/note_keys.hpp"
+#include "test_support.hpp"
 #include "view/page_sources.hpp"
 #include "view_fixture.hpp"
 
@@ -67,6 +69,28 @@ TEST(PageSources, SkyOfAnotherRangeIsComputedAnew) {
     EXPECT_TRUE(shifted[9].solar_eclipse);
     EXPECT_EQ(sky(eclipse - 10, eclipse + 10), first);
     EXPECT_TRUE(first[10].solar_eclipse);
+}
+
+// The note highlight follows the notes of all four kinds on disk.
+TEST(PageSources, NotesOfTheUsersDirectory) {
+    sk::test::TempDir dir;
+    notes::NoteStore store(dir.path(), "geheim");
+    ASSERT_FALSE(store.write_daily(notes::date_key(date(2024, 3, 5)), "Zahnarzt"));
+    ASSERT_FALSE(store.write_periodic({date(2024, 3, 10).number, 14}, "Müll"));
+    ASSERT_FALSE(store.write_yearly(notes::day_key(date(1990, 3, 21)), "<1980>. Geburtstag"));
+    // Every month, the last Friday.
+    ASSERT_FALSE(store.write_weekday(notes::weekday_key(notes::kEveryMonth, 5, notes::kLastOrdinal), "Zahltag"));
+
+    PageExtras extras;
+    extras.has_notes = notes_source(store);
+    PageRenderer renderer(test::test_font());
+    const PageLayout l = renderer.layout(test::request(2024, 3, 1, 0), extras);
+    std::vector<int> noted;
+    for (const DayCell& d : l.days)
+        if (d.has_notes) noted.push_back(d.day.mday);
+    // 5th daily; 10th and 24th periodic; 21st yearly; 29th the last Friday.
+    EXPECT_EQ(noted, (std::vector<int>{5, 10, 21, 24, 29}));
+    EXPECT_EQ(l.layer(Layer::Note).size(), 5u + 1u);  // and the legend's sample
 }
 
 TEST(PageSources, MarkingsOfTheUsersLists) {
