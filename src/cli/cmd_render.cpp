@@ -14,6 +14,10 @@
 #include "view/page_output.hpp"
 #include "view/page_sources.hpp"
 
+// Under LeakSanitizer: fontconfig keeps what it allocates while it builds
+// its cache for the life of the process, on purpose. (Unused otherwise.)
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig.so\n"; }
+
 namespace sk::cli {
 
 namespace {

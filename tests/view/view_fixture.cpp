@@ -9,6 +9,10 @@
 
 #include "test_support.hpp"
 
+// Under LeakSanitizer: fontconfig keeps what it allocates while it builds
+// its cache for the life of the process, on purpose.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig.so\n"; }
+
 namespace sk::view::test {
 
 namespace {
