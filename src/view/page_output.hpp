@@ -1,7 +1,9 @@
 // The page as a finished product: a renderer that keeps the shapers of the
 // page font (and of the plan font for model 5) between redraws, and the
-// outputs built on it: an image surface (the clipboard's picture), a PNG
-// file, and a PDF page sized to A4 or A3 landscape for printing.
+// outputs built on it: an image surface, a PNG file, and a PDF page sized to
+// A4 or A3 landscape for printing. A window keeps the page as one image
+// (render_image after each change) and paints that image in its draw
+// handler; the clipboard copies the same image.
 #pragma once
 
 #include <memory>

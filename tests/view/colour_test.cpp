@@ -26,13 +26,5 @@ TEST(Colour, TextOnCrewColours) {
     EXPECT_EQ(text_colour_on({250, 240, 200}), kBlack);
 }
 
-TEST(Colour, MixAndContrast) {
-    EXPECT_EQ(mix(kBlack, kWhite, 0.5), (Rgb{128, 128, 128}));
-    EXPECT_EQ(mix({255, 0, 0}, kWhite, 0), (Rgb{255, 0, 0}));
-    EXPECT_EQ(mix({255, 0, 0}, kWhite, 2), kWhite);
-    EXPECT_NEAR(contrast_ratio(kBlack, kWhite), 21.0, 1e-9);
-    EXPECT_NEAR(contrast_ratio({255, 0, 0}, {255, 0, 0}), 1.0, 1e-9);
-}
-
 }  // namespace
 }  // namespace sk::view

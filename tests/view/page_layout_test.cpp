@@ -177,6 +177,13 @@ TEST_F(PageLayoutTest, RedDaysAndBands) {
         EXPECT_EQ(texts[1]->colour, ink) << c.why;
         EXPECT_EQ(count_boxes(l, Layer::Band, d.row), c.red || c.day.weekday() == 6 ? 1 : 0) << c.why;
     }
+    // Easter Sunday is a Sunday and a statutory holiday: red, drawn once.
+    const PageLayout march = layout(test::request(2024, 3, 1, 0));
+    const DayCell& easter = cell_of(march, date(2024, 3, 31));
+    EXPECT_TRUE(easter.red);
+    const auto texts = texts_in(march, easter.row);
+    EXPECT_EQ(std::count_if(texts.begin(), texts.end(), [](const TextItem* t) { return t->text == "31"; }), 1);
+    EXPECT_EQ(count_boxes(march, Layer::Band, easter.row), 1);
 }
 
 TEST_F(PageLayoutTest, SchoolHolidayStripeOnlyWhenShown) {
