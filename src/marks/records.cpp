@@ -9,25 +9,11 @@
 #include <utility>
 
 #include "settings/atomic_file.hpp"
+#include "settings/file_descriptor.hpp"
 
 namespace sk::marks {
 
 namespace {
-
-// Closes a POSIX file descriptor when it goes out of scope.
-class Descriptor {
-public:
-    explicit Descriptor(int fd) : m_fd(fd) {}
-    ~Descriptor() {
-        if (m_fd >= 0) ::close(m_fd);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int get() const { return m_fd; }
-
-private:
-    int m_fd;
-};
 
 std::uint32_t get_u32(std::string_view bytes, std::size_t offset) {
     std::uint32_t v = 0;
@@ -64,7 +50,7 @@ std::optional<std::string_view> last_record(std::string_view bytes, std::size_t 
 
 std::optional<std::string> read_last_record(const std::filesystem::path& file,
                                             std::size_t record_size) {
-    Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    settings::FileDescriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
     if (fd.get() < 0) return std::nullopt;
     struct stat info {};
     if (::fstat(fd.get(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;

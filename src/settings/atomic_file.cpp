@@ -9,25 +9,11 @@
 #include <utility>
 #include <vector>
 
+#include "settings/file_descriptor.hpp"
+
 namespace sk::settings {
 
 namespace {
-
-// Closes a POSIX file descriptor when it goes out of scope.
-class Descriptor {
-public:
-    explicit Descriptor(int fd) : m_fd(fd) {}
-    ~Descriptor() {
-        if (m_fd >= 0) ::close(m_fd);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    int get() const { return m_fd; }
-    int release() { return std::exchange(m_fd, -1); }
-
-private:
-    int m_fd;
-};
 
 void set_error(std::string* error, const std::filesystem::path& file, const char* what, int err) {
     if (error)
@@ -38,7 +24,7 @@ void set_error(std::string* error, const std::filesystem::path& file, const char
 }  // namespace
 
 std::optional<std::string> read_file(const std::filesystem::path& file, std::size_t max_bytes) {
-    Descriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    FileDescriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
     if (fd.get() < 0) return std::nullopt;
     std::string bytes;
     char buffer[65536];
@@ -61,7 +47,7 @@ bool write_file_atomic(const std::filesystem::path& file, std::string_view bytes
     std::string pattern = (dir / ("." + file.filename().string() + ".XXXXXX")).string();
     std::vector<char> name(pattern.begin(), pattern.end());
     name.push_back('\0');
-    Descriptor fd(::mkostemp(name.data(), O_CLOEXEC));
+    FileDescriptor fd(::mkostemp(name.data(), O_CLOEXEC));
     if (fd.get() < 0) {
         set_error(error, file, "angelegt", errno);
         return false;

@@ -1,8 +1,10 @@
 #include "test_support.hpp"
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <cstdio>
 #include <fstream>
 #include <random>
@@ -62,6 +64,20 @@ CommandResult run_command(const std::string& command) {
 }
 
 std::string program() { return SK_BINARY; }
+
+bool fails_on_full_disk(const std::function<bool()>& write) {
+    const pid_t child = fork();
+    if (child < 0) return false;
+    if (child == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{16, 16};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        _exit(write() ? 1 : 0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
 
 }  // namespace sk::test
 

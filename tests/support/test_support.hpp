@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -39,6 +40,10 @@ struct CommandResult {
     std::string err;
 };
 CommandResult run_command(const std::string& command);
+
+// Runs `write` in a child process whose files may grow to 16 bytes only, as
+// on a full disk; true when `write` reported the failure (returned false).
+bool fails_on_full_disk(const std::function<bool()>& write);
 
 // The schichtkalender program built with the tests.
 std::string program();
