@@ -125,12 +125,11 @@ TEST(RenderCommand, DrawsTheUsersMarkingsAndNotes) {
     marks::CalendarMarkings bars;
     bars.items = {{calendar::day_number(2024, 2, 4), calendar::day_number(2024, 2, 8),
                    marks::rgb(0, 160, 0)}};
-    test::write_bytes(user / marks::kCalendarMarkingsFile,
-                      marks::serialize_calendar_markings(bars));
+    ASSERT_TRUE(marks::save_calendar_markings(user, bars));
     const std::string with_bar = page();
     marks::ShiftMarkings shifts;
     shifts.items = {{calendar::day_number(2024, 2, 12), 1, marks::kind_a::kSick}};
-    test::write_bytes(user / marks::kShiftMarkingsFile, marks::serialize_shift_markings(shifts));
+    ASSERT_TRUE(marks::save_shift_markings(user, shifts));
     const std::string with_both = page();
     notes::NoteStore store(user, "");
     ASSERT_FALSE(store.write_daily(notes::date_key(calendar::Day::from_date(2024, 2, 20)), "Notiz"));
