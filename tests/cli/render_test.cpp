@@ -32,7 +32,7 @@ std::pair<int, int> png_size(const std::filesystem::path& png) {
 // Cells of 8 x 16 pixels for DejaVu Sans 10, 7 x 15 for FreeSans 10 (the
 // plan of model 5) and 7 x 13 for FreeSans 9 from the user's settings (8
 // columns, model 2, in ISO-8859-15).
-TEST(RenderCommand, WritesAPngOfThePageSize) {
+TEST(RenderCommand, WritesAPngSizedByTheOptionsOrTheUsersSettings) {
     test::TempDir dir;
     std::filesystem::create_directories(dir / "Otto");
     test::write_bytes(dir / "Otto" / "Einstellungen.dat",
