@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "marks/calendar_markings.hpp"
 #include "marks/shift_markings.hpp"
@@ -14,46 +15,53 @@
 namespace sk::cli {
 namespace {
 
-std::string render(const std::string& arguments) {
-    return "FONTCONFIG_FILE='" + sk::test::source_path("view/fonts.conf").string() + "' '" +
-           sk::test::program() + "' render " + arguments;
+test::CommandResult render(const std::string& arguments) {
+    return test::run_command("FONTCONFIG_FILE='" + test::source_path("view/fonts.conf").string() +
+                             "' '" + test::program() + "' render " + arguments);
 }
 
-TEST(RenderCommand, WritesAPngOfThePageSize) {
-    sk::test::TempDir dir;
-    const auto png = dir / "seite.png";
-    struct Case { const char* options; int width_cells; };
-    // DejaVu Sans 10: cells of 8 x 16 pixels; FreeSans 10 for the plan: 7 x 15.
-    for (const Case c : {Case{"--columns 6", 126}, Case{"--columns 23", 432}, Case{"--columns 1", 36}}) {
-        const auto result = sk::test::run_command(
-            render("--out '" + png.string() + "' --month 2024-05 --font 'DejaVu Sans 10' " + c.options));
-        ASSERT_EQ(result.status, 0) << result.err;
-        cairo_surface_t* image = cairo_image_surface_create_from_png(png.c_str());
-        ASSERT_EQ(cairo_surface_status(image), CAIRO_STATUS_SUCCESS);
-        EXPECT_EQ(cairo_image_surface_get_width(image), 8 * c.width_cells) << c.options;
-        EXPECT_EQ(cairo_image_surface_get_height(image), 16 * 40) << c.options;
-        cairo_surface_destroy(image);
-    }
-    const auto plan = sk::test::run_command(
-        render("--out '" + png.string() + "' --model 5 --columns 6 --font 'DejaVu Sans 10'"));
-    ASSERT_EQ(plan.status, 0) << plan.err;
+std::pair<int, int> png_size(const std::filesystem::path& png) {
     cairo_surface_t* image = cairo_image_surface_create_from_png(png.c_str());
-    EXPECT_EQ(cairo_image_surface_get_width(image), 7 * 126);
-    EXPECT_EQ(cairo_image_surface_get_height(image), 15 * 40);
+    EXPECT_EQ(cairo_surface_status(image), CAIRO_STATUS_SUCCESS);
+    const std::pair size{cairo_image_surface_get_width(image),
+                         cairo_image_surface_get_height(image)};
     cairo_surface_destroy(image);
+    return size;
+}
+
+// Cells of 8 x 16 pixels for DejaVu Sans 10, 7 x 15 for FreeSans 10 (the
+// plan of model 5) and 7 x 13 for FreeSans 9 from the user's settings (8
+// columns, model 2, in ISO-8859-15).
+TEST(RenderCommand, WritesAPngSizedByTheOptionsOrTheUsersSettings) {
+    test::TempDir dir;
+    std::filesystem::create_directories(dir / "Otto");
+    test::write_bytes(dir / "Otto" / "Einstellungen.dat",
+                      "[Programmeinstellungen]\nFontname = FreeSans\nFontgr\xf6\xdf" "e = 9\n"
+                      "Schichtspalten = 8\nSchichtart = 2\n");
+    const auto png = dir / "seite.png";
+    const struct { std::string options; int width, height; } cases[] = {
+        {"--month 2024-05 --font 'DejaVu Sans 10' --columns 23", 8 * 432, 16 * 40},
+        {"--model 5 --columns 6 --font 'DejaVu Sans 10'", 7 * 126, 15 * 40},
+        {"--data-dir '" + dir.path().string() + "' --user Otto", 7 * 162, 13 * 40},
+    };
+    for (const auto& c : cases) {
+        const auto result = render("--out '" + png.string() + "' " + c.options);
+        ASSERT_EQ(result.status, 0) << result.err;
+        EXPECT_EQ(png_size(png), std::pair(c.width, c.height)) << c.options;
+    }
 }
 
 TEST(RenderCommand, WritesALandscapePdfPage) {
-    sk::test::TempDir dir;
+    test::TempDir dir;
+    const auto pdf = dir / "seite.PDF";
     struct Case { const char* paper; const char* media_box; };
     for (const Case c : {Case{"", "/MediaBox [ 0 0 841.889764 595.275591 ]"},
                          Case{"--paper A3", "/MediaBox [ 0 0 1190.551181 841.889764 ]"},
                          Case{"--paper a4", "/MediaBox [ 0 0 841.889764 595.275591 ]"}}) {
-        const auto pdf = dir / "seite.PDF";
-        const auto result = sk::test::run_command(
-            render("--out '" + pdf.string() + "' --month 2024-01 --model 7 --columns 12 " + c.paper));
+        const auto result = render("--out '" + pdf.string() +
+                                   "' --month 2024-01 --model 7 --columns 12 " + c.paper);
         ASSERT_EQ(result.status, 0) << result.err;
-        const std::string bytes = sk::test::read_bytes(pdf);
+        const std::string bytes = test::read_bytes(pdf);
         EXPECT_EQ(bytes.rfind("%PDF-", 0), 0u);
         EXPECT_NE(bytes.find(c.media_box), std::string::npos) << c.paper;
         EXPECT_NE(bytes.find("/Count 1"), std::string::npos);  // one page
@@ -61,21 +69,20 @@ TEST(RenderCommand, WritesALandscapePdfPage) {
 }
 
 TEST(RenderCommand, BadOptionsEndWithAGermanMessage) {
-    sk::test::TempDir dir;
+    test::TempDir dir;
     const std::string out = "--out '" + (dir / "x.png").string() + "' ";
     struct Case { std::string arguments; const char* message; };
+    const char* month = "kein gültiger Monat für --month";
+    const char* font = "keine gültige Schrift für --font";
     const Case cases[] = {
         {"", "die Ausgabedatei fehlt"},
         {"--out seite.jpg", "muss auf .png oder .pdf enden"},
-        {out + "--month 2024-13", "kein gültiger Monat für --month"},
-        {out + "--month 1969-12", "kein gültiger Monat für --month"},
-        {out + "--month 2037-08", "kein gültiger Monat für --month"},
-        {out + "--month 2024-5", "kein gültiger Monat für --month"},
+        {out + "--month 2024-13", month}, {out + "--month 1969-12", month},
+        {out + "--month 2037-08", month}, {out + "--month 2024-5", month},
         {out + "--columns 0", "kein gültiger Wert für --columns"},
         {out + "--columns 24", "kein gültiger Wert für --columns"},
         {out + "--model 8", "kein gültiger Wert für --model"},
-        {out + "--font DejaVu", "keine gültige Schrift für --font"},
-        {out + "--font 'DejaVu Sans 200'", "keine gültige Schrift für --font"},
+        {out + "--font DejaVu", font}, {out + "--font 'DejaVu Sans 200'", font},
         {out + "--paper A3", "--paper gilt nur für PDF-Dateien"},
         {"--out x.pdf --paper A5", "kein gültiges Papierformat"},
         {out + "--month 2024-05 --columns 2 --cursor 2024-07-01", "liegt nicht auf der Seite"},
@@ -84,7 +91,7 @@ TEST(RenderCommand, BadOptionsEndWithAGermanMessage) {
         {out + "extra", "unerwartetes Argument \"extra\""},
     };
     for (const Case& c : cases) {
-        const auto result = sk::test::run_command(render(c.arguments));
+        const auto result = render(c.arguments);
         EXPECT_EQ(result.status, 2) << c.arguments;
         EXPECT_NE(result.err.find(c.message), std::string::npos) << c.arguments << "\n" << result.err;
         EXPECT_EQ(result.err.rfind("schichtkalender render: ", 0), 0u) << result.err;
@@ -93,59 +100,42 @@ TEST(RenderCommand, BadOptionsEndWithAGermanMessage) {
 }
 
 TEST(RenderCommand, UnwritableFileFailsWithStatusOne) {
-    sk::test::TempDir dir;
+    test::TempDir dir;
     for (const char* name : {"fehlt/seite.png", "fehlt/seite.pdf"}) {
-        const auto result = sk::test::run_command(render("--out '" + (dir / name).string() + "'"));
+        const auto result = render("--out '" + (dir / name).string() + "'");
         EXPECT_EQ(result.status, 1) << name;
         EXPECT_NE(result.err.find("kann nicht geschrieben werden"), std::string::npos) << result.err;
     }
 }
 
-TEST(RenderCommand, ReadsTheUsersSettings) {
-    sk::test::TempDir dir;
-    std::filesystem::create_directories(dir / "Otto");
-    // Settings file in ISO-8859-15: 8 columns, FreeSans 9, model 2.
-    sk::test::write_bytes(dir / "Otto" / "Einstellungen.dat",
-                          "[Programmeinstellungen]\nFontname = FreeSans\nFontgr\xf6\xdf" "e = 9\n"
-                          "Schichtspalten = 8\nSchichtart = 2\n");
-    const auto png = dir / "seite.png";
-    const auto result = sk::test::run_command(render("--out '" + png.string() + "' --data-dir '" +
-                                                     dir.path().string() + "' --user Otto"));
-    ASSERT_EQ(result.status, 0) << result.err;
-    cairo_surface_t* image = cairo_image_surface_create_from_png(png.c_str());
-    // FreeSans 9: cells of 7 x 13 pixels.
-    EXPECT_EQ(cairo_image_surface_get_width(image), 7 * 162);
-    EXPECT_EQ(cairo_image_surface_get_height(image), 13 * 40);
-    cairo_surface_destroy(image);
-}
-
 // The user's data reach the page: a bar, a shift marking and a note each
 // change it.
 TEST(RenderCommand, DrawsTheUsersMarkingsAndNotes) {
-    sk::test::TempDir dir;
-    std::filesystem::create_directories(dir / "Programm");
-    const auto render_png = [&](const std::string& name) {
-        const auto png = dir / name;
-        const auto result = sk::test::run_command(render("--out '" + png.string() + "' --month 2024-03 --data-dir '" +
-                                                         dir.path().string() + "'"));
+    test::TempDir dir;
+    const auto user = dir / "Programm";
+    std::filesystem::create_directories(user);
+    const auto page = [&] {
+        const auto png = dir / "seite.png";
+        const auto result = render("--out '" + png.string() + "' --month 2024-03 --data-dir '" +
+                                   dir.path().string() + "'");
         EXPECT_EQ(result.status, 0) << result.err;
-        return sk::test::read_bytes(png);
+        return test::read_bytes(png);
     };
-    const std::string plain = render_png("ohne.png");
+    const std::string plain = page();
     marks::CalendarMarkings bars;
-    bars.items = {{calendar::day_number(2024, 2, 4), calendar::day_number(2024, 2, 8), marks::rgb(0, 160, 0)}};
-    sk::test::write_bytes(dir / "Programm" / marks::kCalendarMarkingsFile, marks::serialize_calendar_markings(bars));
-    const std::string with_bar = render_png("balken.png");
+    bars.items = {{calendar::day_number(2024, 2, 4), calendar::day_number(2024, 2, 8),
+                   marks::rgb(0, 160, 0)}};
+    ASSERT_TRUE(marks::save_calendar_markings(user, bars));
+    const std::string with_bar = page();
     marks::ShiftMarkings shifts;
     shifts.items = {{calendar::day_number(2024, 2, 12), 1, marks::kind_a::kSick}};
-    sk::test::write_bytes(dir / "Programm" / marks::kShiftMarkingsFile, marks::serialize_shift_markings(shifts));
-    const std::string with_both = render_png("beide.png");
-    notes::NoteStore store(dir / "Programm", "");
+    ASSERT_TRUE(marks::save_shift_markings(user, shifts));
+    const std::string with_both = page();
+    notes::NoteStore store(user, "");
     ASSERT_FALSE(store.write_daily(notes::date_key(calendar::Day::from_date(2024, 2, 20)), "Notiz"));
-    const std::string with_note = render_png("notiz.png");
     EXPECT_NE(plain, with_bar);
     EXPECT_NE(with_bar, with_both);
-    EXPECT_NE(with_both, with_note);
+    EXPECT_NE(with_both, page());
 }
 
 }  // namespace

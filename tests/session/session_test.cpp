@@ -1,13 +1,16 @@
-#include <gtest/gtest.h>
+#include "session/session.hpp"
 
+#include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <csignal>
 
+#include "session/data_directory.hpp"
 #include "session/exit_signals.hpp"
-#include "session/session.hpp"
+#include "settings/settings_file.hpp"
 #include "test_support.hpp"
 
 namespace sk::session {
@@ -15,21 +18,49 @@ namespace {
 
 using calendar::day_number;
 
+mode_t mode_of(const std::filesystem::path& p) {
+    struct stat st {};
+    ::stat(p.c_str(), &st);
+    return st.st_mode & 0777;
+}
+
+// A missing one is reset by the session start (below).
+TEST(DataDirectory, ExternalDirectoryOnlyWhenItExists) {
+    test::TempDir dir;
+    EXPECT_EQ(usable_external_directory(dir.path().string()), dir.path());
+    EXPECT_FALSE(usable_external_directory("").has_value());
+    test::write_bytes(dir / "file", "");
+    EXPECT_FALSE(usable_external_directory((dir / "file").string()).has_value());
+}
+
+TEST(ExitSignals, TerminationArrivesAsAnEvent) {
+    ExitSignalWatch watch;
+    ASSERT_GE(watch.fd(), 0);
+    EXPECT_EQ(watch.take_signal(), 0);
+    std::raise(SIGTERM);  // blocked: waits on the descriptor instead of ending the test
+    EXPECT_EQ(watch.take_signal(), SIGTERM);
+    std::raise(SIGINT);
+    EXPECT_EQ(watch.take_signal(), SIGINT);
+    EXPECT_EQ(watch.take_signal(), 0);
+}
+
+// The data root and the user's directory are created private (0700).
 TEST(Session, FirstStartCreatesTheUserAndUsesDefaults) {
     test::TempDir dir;
-    StartResult r = start_session(dir / "SKDaten", "Programm", "");
+    const auto root = dir / "deep" / "SKDaten";
+    StartResult r = start_session(root, "Anna Maier", "");
     ASSERT_TRUE(r.session) << r.error;
     EXPECT_TRUE(r.messages.empty());
     const Session& s = *r.session;
-    EXPECT_EQ(s.user_dir, dir / "SKDaten" / "Programm");
-    EXPECT_EQ(s.settings.user_directory, (dir / "SKDaten").string());
-    EXPECT_EQ(s.settings.columns, 6);
-    EXPECT_EQ(s.settings.place_name, "Rodenwald");
+    EXPECT_EQ(s.user_dir, root / "Anna Maier");
+    EXPECT_EQ(mode_of(root), 0700u);
+    EXPECT_EQ(mode_of(s.user_dir), 0700u);
+    EXPECT_EQ(s.settings, settings::default_settings(root.string()));
     EXPECT_TRUE(s.shift_markings.items.empty());
     EXPECT_TRUE(s.notes.index().daily.empty());
 }
 
-TEST(Session, RefusesBadNamesAndPasswords) {
+TEST(Session, RefusesBadNamesPasswordsAndDirectories) {
     test::TempDir dir;
     for (const char* user : {"", "..", "a/b", "tab\there"})
         EXPECT_FALSE(start_session(dir / "SKDaten", user, "").session) << user;
@@ -37,6 +68,10 @@ TEST(Session, RefusesBadNamesAndPasswords) {
     EXPECT_FALSE(r.session);
     EXPECT_NE(r.error.find("U+2603"), std::string::npos) << r.error;
     EXPECT_FALSE(std::filesystem::exists(dir / "SKDaten" / "a"));
+    // A file in the place of the data directory.
+    test::write_bytes(dir / "Datei", "");
+    const StartResult file = start_session(dir / "Datei", "Anna", "");
+    EXPECT_NE(file.error.find("kein Verzeichnis"), std::string::npos) << file.error;
 }
 
 TEST(Session, LoadsWhatTheUserKeeps) {
@@ -62,18 +97,18 @@ TEST(Session, LoadsWhatTheUserKeeps) {
 
 TEST(Session, MissingExternalDirectoryIsReportedAndReset) {
     test::TempDir dir;
-    std::filesystem::create_directories(dir / "SKDaten" / "Programm");
-    test::write_bytes(dir / "SKDaten" / "Programm" / "Einstellungen.dat",
+    const auto settings_file = dir / "SKDaten" / "Programm" / "Einstellungen.dat";
+    std::filesystem::create_directories(settings_file.parent_path());
+    test::write_bytes(settings_file,
                       "[Programmeinstellungen]\nAnwenderverzeichnis = /media/stick/SKDaten\n");
     StartResult r = start_session(dir / "SKDaten", "Programm", "");
     ASSERT_TRUE(r.session);
-    ASSERT_EQ(r.messages.size(), 1u);
-    EXPECT_EQ(r.messages[0],
-              "Das externe Programmverzeichnis '/media/stick/SKDaten' wurde nicht gefunden!");
+    EXPECT_EQ(r.messages, std::vector<std::string>{"Das externe Programmverzeichnis "
+                                                   "'/media/stick/SKDaten' wurde nicht gefunden!"});
     EXPECT_EQ(r.session->settings.user_directory, (dir / "SKDaten").string());
     // The repair is written with the settings on exit.
     EXPECT_TRUE(save_on_exit(*r.session).empty());
-    EXPECT_NE(test::read_bytes(dir / "SKDaten" / "Programm" / "Einstellungen.dat")
+    EXPECT_NE(test::read_bytes(settings_file)
                   .find("Anwenderverzeichnis = " + (dir / "SKDaten").string() + "\n"),
               std::string::npos);
 }
@@ -84,7 +119,6 @@ TEST(Session, SaveOnExitWritesChangedMarkingsAndAlwaysTheSettings) {
     ASSERT_TRUE(r.session);
     Session& s = *r.session;
     const auto marking_file = s.user_dir / "Schichtmarkierung.dat";
-
     EXPECT_TRUE(save_on_exit(s).empty());
     EXPECT_TRUE(std::filesystem::exists(s.user_dir / "Einstellungen.dat"));
     EXPECT_FALSE(std::filesystem::exists(marking_file));
@@ -93,9 +127,9 @@ TEST(Session, SaveOnExitWritesChangedMarkingsAndAlwaysTheSettings) {
     ASSERT_TRUE(marks::apply_marking(s.shift_markings, d, 1, marks::kind_a::kWorked, 0));
     EXPECT_TRUE(save_on_exit(s).empty());
     EXPECT_EQ(std::filesystem::file_size(marking_file), 6u);
-
     // Removing the last marking leaves no file behind.
-    ASSERT_TRUE(marks::apply_marking(s.shift_markings, d, 1, marks::remove_code(marks::MarkingKind::A), 0));
+    const auto remove = marks::remove_code(marks::MarkingKind::A);
+    ASSERT_TRUE(marks::apply_marking(s.shift_markings, d, 1, remove, 0));
     EXPECT_TRUE(save_on_exit(s).empty());
     EXPECT_FALSE(std::filesystem::exists(marking_file));
 }

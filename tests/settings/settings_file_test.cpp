@@ -5,6 +5,7 @@
 
 #include "settings/atomic_file.hpp"
 #include "settings/settings_file.hpp"
+#include "settings/text_encoding.hpp"
 #include "test_support.hpp"
 
 namespace sk::settings {
@@ -56,83 +57,70 @@ TEST(SettingsFile, RoundTripKeepsEveryValueAndByte) {
     s.latitude = 48.3;
     s.longitude = 1.5;
     s.time_zone = -3.5;
-    s.place_name = "Nürnberg – Süd €";  // the en dash is not in ISO-8859-15
-    EncodeError error;
-    EXPECT_FALSE(serialize_settings(s, &error).has_value());
-    EXPECT_NE(error.message.find("U+2013"), std::string::npos) << error.message;
-
     s.place_name = "Nürnberg Süd €";
     test::TempDir dir;
-    ASSERT_TRUE(write_settings_file(dir / "Einstellungen.dat", s));
-    const std::string bytes = test::read_bytes(dir / "Einstellungen.dat");
+    const auto file = dir / "Einstellungen.dat";
+    ASSERT_TRUE(write_settings_file(file, s));
+    const std::string bytes = test::read_bytes(file);
     EXPECT_NE(bytes.find("Ortsname = N\xFCrnberg S\xFC" "d \xA4\n"), std::string::npos);
-    const Settings back = read_settings_file(dir / "Einstellungen.dat", kDefaults);
+    const Settings back = read_settings_file(file, kDefaults);
     EXPECT_EQ(back, s);
-    ASSERT_TRUE(write_settings_file(dir / "again.dat", back));
-    EXPECT_EQ(test::read_bytes(dir / "again.dat"), bytes);
+    EXPECT_EQ(serialize_settings(back), bytes);
+    // A character ISO-8859-15 lacks is refused by name; the file stays.
+    s.place_name = "Nürnberg – Süd";
+    std::string error;
+    EXPECT_FALSE(write_settings_file(file, s, &error));
+    EXPECT_NE(error.find("U+2013"), std::string::npos) << error;
+    EXPECT_EQ(test::read_bytes(file), bytes);
 }
 
-TEST(SettingsFile, MissingFileAndMissingKeysGiveDefaults) {
+// A missing file or key takes the default. Groups and keys match without
+// regard to case, also for the letters of ISO-8859-15; each line is read as
+// UTF-8 when it is valid UTF-8, else as ISO-8859-15.
+TEST(SettingsFile, MissingKeysAndLinesInEitherEncodingAndAnyCase) {
     test::TempDir dir;
     EXPECT_EQ(read_settings_file(dir / "none.dat", kDefaults), kDefaults);
-    const Settings s = parse_settings("[Programmeinstellungen]\nSchichtart = 3\n", kDefaults);
     Settings expected = kDefaults;
-    expected.model = 3;
-    EXPECT_EQ(s, expected);
-}
-
-TEST(SettingsFile, KeysMatchWithoutRegardToCase) {
-    const Settings s = parse_settings(
-        "[Programmeinstellungen]\nSCHICHTART = 4\nfontgr\xD6\xDF" "e = 14\n"
-        "[Astronomie]\nd\xC4MMERUNG = 2\nortsname=Regen\n",
-        kDefaults);
-    EXPECT_EQ(s.model, 4);
-    EXPECT_EQ(s.font_size, 14);
-    EXPECT_EQ(s.twilight, 2);
-    EXPECT_EQ(s.place_name, "Regen");
-}
-
-TEST(SettingsFile, LineSavedAsUtf8IsUnderstood) {
-    const Settings s = parse_settings(
-        "[Programmeinstellungen]\r\nFontgröße = 16\r\n[Astronomie]\nOrtsname = Fürth\n", kDefaults);
-    EXPECT_EQ(s.font_size, 16);
-    EXPECT_EQ(s.place_name, "Fürth");
+    expected.model = 4;
+    expected.font_size = 14;
+    expected.twilight = 2;
+    expected.place_name = "Fürth";
+    EXPECT_EQ(parse_settings("[Programmeinstellungen]\r\nSCHICHTART = 4\r\n"
+                             "fontgr\xD6\xDF" "e = 14\n[ASTRONOMIE]\nDÄMMERUNG = 2\n"
+                             "ortsname=Fürth\n",
+                             kDefaults),
+              expected);
 }
 
 // Values that would break the program are brought into range; text that is
-// no number counts as missing.
+// no number counts as missing. Byte keys keep the low 8 bits first.
 TEST(SettingsFile, OutOfRangeValuesAreRepaired) {
-    struct Case {
-        const char* line;
-        int Settings::*field;
-        int expected;
-    };
+    using S = Settings;
+    struct Case { std::string line; int Settings::*field; int expected; };
     const Case cases[] = {
-        {"[Programmeinstellungen]\nSchichtart = 8", &Settings::model, 0},
-        {"[Programmeinstellungen]\nSchichtart = -1", &Settings::model, 0},
-        {"[Programmeinstellungen]\nSchichtart = 261", &Settings::model, 5},  // one byte: 261 & 255
-        {"[Programmeinstellungen]\nSchichtart = drei", &Settings::model, 0},
-        {"[Programmeinstellungen]\nSchichtspalten = 5", &Settings::columns, 6},
-        {"[Programmeinstellungen]\nSchichtspalten = 24", &Settings::columns, 6},
-        {"[Programmeinstellungen]\nSchichtspalten = 23", &Settings::columns, 23},
-        {"[Programmeinstellungen]\nFontgröße = 5", &Settings::font_size, 10},
-        {"[Programmeinstellungen]\nFontgröße = 73", &Settings::font_size, 10},
-        {"[Programmeinstellungen]\nFontgröße = 72", &Settings::font_size, 72},
-        {"[Programmeinstellungen]\nFontgröße = 12.5", &Settings::font_size, 10},
-        {"[Programmeinstellungen]\nFontgröße = 99999999999", &Settings::font_size, 10},
-        {"[Astronomie]\nDämmerung = 3", &Settings::twilight, 0},
-        {"[Astronomie]\nDämmerung = -1", &Settings::twilight, 0},
-        {"[Astronomie]\nDämmerung = 1", &Settings::twilight, 1},
-        {"[Astronomie]\nMondphasen anzeigen = 7", &Settings::moon_phases_shown, 1},
-        {"[Programmeinstellungen]\nUrlaubStartMonat = 13", &Settings::vacation_start_month, 4},
-        {"[Programmeinstellungen]\nUrlaubStartTag = 0", &Settings::vacation_start_day, 25},
-        {"[Programmeinstellungen]\nUrlaubZyklus = -7", &Settings::vacation_cycle, -7},
-        {"[Astronomie]\nSchichtart = 3", &Settings::model, 0},  // wrong group
+        {"Schichtart = 8", &S::model, 0},          {"Schichtart = -1", &S::model, 0},
+        {"Schichtart = 261", &S::model, 5},        {"Schichtart = drei", &S::model, 0},
+        {"Schichtspalten = 5", &S::columns, 6},    {"Schichtspalten = 24", &S::columns, 6},
+        {"Fontgröße = 5", &S::font_size, 10},      {"Fontgröße = 73", &S::font_size, 10},
+        {"Fontgröße = 72", &S::font_size, 72},     {"Fontgröße = 12.5", &S::font_size, 10},
+        {"Fontgröße = 4294967308", &S::font_size, 10},  // 2^32 + 12: beyond 32 bits
+        {"UrlaubStartMonat = 13", &S::vacation_start_month, 4},
+        {"UrlaubStartTag = 0", &S::vacation_start_day, 25},
+        {"UrlaubZyklus = -7", &S::vacation_cycle, -7},
+        {"[Astronomie]\nDämmerung = 3", &S::twilight, 0},
+        {"[Astronomie]\nDämmerung = -1", &S::twilight, 0},
+        {"[Astronomie]\nMondphasen anzeigen = 7", &S::moon_phases_shown, 1},
+        {"[Astronomie]\nSchichtart = 3", &S::model, 0},  // wrong group
     };
     for (const Case& c : cases) {
-        const Settings s = parse_settings(c.line, kDefaults);
-        EXPECT_EQ(s.*c.field, c.expected) << c.line;
+        const std::string text = c.line[0] == '[' ? c.line : "[Programmeinstellungen]\n" + c.line;
+        EXPECT_EQ(parse_settings(text, kDefaults).*c.field, c.expected) << c.line;
     }
+    // Cut to 50 characters, not bytes.
+    std::string fifty;
+    for (int i = 0; i < 50; ++i) fifty += "ü";
+    const std::string sixty(60, '\xFC');
+    EXPECT_EQ(parse_settings("[Astronomie]\nOrtsname = " + sixty, kDefaults).place_name, fifty);
 }
 
 TEST(SettingsFile, TimeZoneAndCoordinatesAreClamped) {
@@ -149,12 +137,6 @@ TEST(SettingsFile, TimeZoneAndCoordinatesAreClamped) {
         EXPECT_EQ(s.time_zone, c.time_zone) << c.text;
         EXPECT_EQ(s.latitude, c.latitude) << c.text;
     }
-}
-
-TEST(SettingsFile, PlaceNameIsCutToFiftyCharacters) {
-    const std::string name(60, 'x');
-    const Settings s = parse_settings("[Astronomie]\nOrtsname = " + name, kDefaults);
-    EXPECT_EQ(s.place_name, std::string(50, 'x'));
 }
 
 // The file uses a point whatever the user's locale says.
@@ -190,6 +172,44 @@ TEST(AtomicFile, ReadStopsAtTheCap) {
     test::write_bytes(dir / "big", std::string(100000, 'a'));
     EXPECT_EQ(read_file(dir / "big", 8192)->size(), 8192u);
     EXPECT_FALSE(read_file(dir / "missing").has_value());
+}
+
+TEST(TextEncoding, EveryByteRoundTrips) {
+    std::string all;
+    for (int b = 0; b < 256; ++b) all += static_cast<char>(b);
+    const std::string utf8 = latin9_to_utf8(all);
+    EXPECT_EQ(utf8_to_latin9(utf8).value(), all);
+}
+
+TEST(TextEncoding, TheEightDifferencesFromLatin1) {
+    struct Case { const char* utf8; unsigned char code; };
+    for (const Case c : {Case{"€", 0xA4}, Case{"Š", 0xA6}, Case{"š", 0xA8}, Case{"Ž", 0xB4},
+                         Case{"ž", 0xB8}, Case{"Œ", 0xBC}, Case{"œ", 0xBD}, Case{"Ÿ", 0xBE}}) {
+        EXPECT_EQ(utf8_to_latin9(c.utf8).value(), std::string(1, static_cast<char>(c.code)))
+            << c.utf8;
+    }
+}
+
+// The refusal names the character; the Latin-1 characters that ISO-8859-15
+// replaced cannot be stored either.
+TEST(TextEncoding, RefusesWhatCannotBeStored) {
+    const struct { const char* text; const char* named; } cases[] = {
+        {"Grüße ☃ und ♥", "\"☃\" (U+2603)"}, {"a\xF0\x9F\x98\x80", "U+1F600"},
+        {"„Zitat“", "U+201E"},
+        {"¤", "\"¤\" (U+00A4)"}, {"¦", "U+00A6"}, {"¨", "U+00A8"}, {"´", "U+00B4"},
+        {"¸", "U+00B8"}, {"¼", "U+00BC"}, {"½", "U+00BD"}, {"¾", "U+00BE"},
+    };
+    for (const auto& c : cases) {
+        EncodeError error;
+        EXPECT_FALSE(utf8_to_latin9(c.text, &error).has_value()) << c.text;
+        EXPECT_NE(error.message.find(c.named), std::string::npos) << error.message;
+    }
+    for (const char* malformed : {"\xC3", "\xC3\x28", "\xE2\x82", "\xC0\xAF", "\xED\xA0\x80",
+                                  "\xF8\x88\x80\x80\x80", "\x80"}) {
+        EncodeError error;
+        EXPECT_FALSE(utf8_to_latin9(malformed, &error).has_value());
+        EXPECT_FALSE(error.message.empty());
+    }
 }
 
 }  // namespace
