@@ -122,8 +122,11 @@ TEST(CalendarMarkingRules, Deleting) {
     EXPECT_TRUE(delete_marking_at(m, 155));  // the first covering bar
     EXPECT_EQ(m.items.front(), (CalendarMarking{150, 160, 2}));
     EXPECT_TRUE(m.changed);
-    // Up to a day goes by the start: a bar reaching beyond the day goes too.
+    // Up to a day goes by the start: a bar reaching beyond the day goes too,
+    // and the deletion must reach the file on exit.
+    m.changed = false;
     EXPECT_EQ(delete_markings_up_to(m, 200), 2u);
+    EXPECT_TRUE(m.changed);
     EXPECT_EQ(m.items, (std::vector<CalendarMarking>{{400, 410, 4}}));
 }
 
