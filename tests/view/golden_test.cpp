@@ -3,6 +3,8 @@
 // with SK_UPDATE_GOLDEN=1 and look at the new files before committing them.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "view/page_painter.hpp"
 #include "view_fixture.hpp"
 
@@ -11,48 +13,32 @@ namespace {
 
 using test::date;
 
-struct GoldenCase {
-    const char* name;
-    PageRequest request;
-    bool extras;
-};
-
-PageRequest with(PageRequest r, auto change) {
-    change(r);
+// The page with every extra shown, today and the cursor on it.
+PageRequest every_extra() {
+    PageRequest r = test::request(2024, 3, 3, 0);
+    r.options.moon_phases = r.options.distances = true;
+    r.today = date(2024, 4, 9);
+    r.cursor = date(2024, 3, 20);
     return r;
 }
 
 TEST(GoldenPages, MatchCommittedImages) {
-    const GoldenCase cases[] = {
-        {"model1_vacation_block",
-         with(test::request(2024, 5, 3, 1),
-              [](PageRequest& r) {
-                  r.options.vacation_block = true;
-                  r.today = date(2024, 6, 12);
-              }),
-         false},
+    PageRequest block = test::request(2024, 5, 3, 1);  // with the vacation block, as by default
+    block.today = date(2024, 6, 12);
+    PageRequest four_crews = test::request(2025, 3, 3, 6);
+    four_crews.options.week_numbers = false;
+    const std::tuple<const char*, PageRequest, bool> cases[] = {
+        {"model1_vacation_block", block, false},
         {"model2_two_shifts", test::request(2024, 12, 3, 2), false},
-        {"model6_four_crews",
-         with(test::request(2025, 3, 3, 6), [](PageRequest& r) { r.options.week_numbers = false; }),
-         false},
-        {"model5_plan",
-         with(test::request(2024, 3, 3, 5), [](PageRequest& r) { r.options.vacation_block = true; }),
-         false},
-        {"extras_notes_markings_moon",
-         with(test::request(2024, 3, 3, 0),
-              [](PageRequest& r) {
-                  r.options.moon_phases = true;
-                  r.options.distances = true;
-                  r.today = date(2024, 4, 9);
-                  r.cursor = date(2024, 3, 20);
-              }),
-         true},
+        {"model6_four_crews", four_crews, false},
+        {"model5_plan", test::request(2024, 3, 3, 5), false},
+        {"extras_notes_markings_moon", every_extra(), true},
     };
     PageRenderer renderer(test::test_font());
-    for (const GoldenCase& c : cases) {
-        SCOPED_TRACE(c.name);
-        const PageLayout layout = renderer.layout(c.request, c.extras ? test::sample_extras() : PageExtras{});
-        const std::string problem = test::check_golden(c.name, layout);
+    for (const auto& [name, request, extras] : cases) {
+        SCOPED_TRACE(name);
+        const PageLayout layout = renderer.layout(request, extras ? test::sample_extras() : PageExtras{});
+        const std::string problem = test::check_golden(name, layout);
         EXPECT_TRUE(problem.empty()) << problem;
     }
 }
@@ -62,15 +48,11 @@ TEST(GoldenPages, MatchCommittedImages) {
 // page, up to glyphs placed a pixel apart.
 TEST(Painters, ImageAndCairoPaintersAgree) {
     PageRenderer renderer(test::test_font());
-    PageRequest r = test::request(2024, 3, 3, 0);
-    r.options.moon_phases = r.options.distances = true;
-    r.today = date(2024, 4, 9);
-    r.cursor = date(2024, 3, 20);
-    const PageLayout layout = renderer.layout(r, test::sample_extras());
+    const PageLayout layout = renderer.layout(every_extra(), test::sample_extras());
     const SurfacePtr fast = render_image(layout);
+    const int w = cairo_image_surface_get_width(fast.get()), h = cairo_image_surface_get_height(fast.get());
 
-    const SurfacePtr slow(cairo_image_surface_create(CAIRO_FORMAT_RGB24, cairo_image_surface_get_width(fast.get()),
-                                                     cairo_image_surface_get_height(fast.get())));
+    const SurfacePtr slow(cairo_image_surface_create(CAIRO_FORMAT_RGB24, w, h));
     {
         // A sub-surface is no image surface, so this takes the Cairo path.
         const SurfacePtr sub(cairo_surface_create_for_rectangle(slow.get(), 0, 0, layout.width, layout.height));
@@ -83,8 +65,7 @@ TEST(Painters, ImageAndCairoPaintersAgree) {
     EXPECT_LT(diff.differing, pixels / 100) << diff.differing << " of " << pixels << " pixels differ";
 
     // Inside a pushed group the fast painter draws into the group.
-    const SurfacePtr grouped(cairo_image_surface_create(CAIRO_FORMAT_RGB24, cairo_image_surface_get_width(fast.get()),
-                                                        cairo_image_surface_get_height(fast.get())));
+    const SurfacePtr grouped(cairo_image_surface_create(CAIRO_FORMAT_RGB24, w, h));
     {
         const CairoPtr cr(cairo_create(grouped.get()));
         cairo_push_group(cr.get());

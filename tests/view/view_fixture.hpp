@@ -1,14 +1,11 @@
 // Shared pieces of the view tests: the fixed test font (the fontconfig of
-// tests/view/fonts.conf is made current before any test runs), a renderer
-// on it, fake per-day extras, and the comparison of images with committed
-// golden PNGs.
+// tests/view/fonts.conf is made current before any test runs), fake per-day
+// extras, and the comparison of images with committed golden PNGs.
 #pragma once
 
 #include <cairo.h>
 
-#include <filesystem>
 #include <string>
-#include <vector>
 
 #include "calendar/dates.hpp"
 #include "view/page_input.hpp"
@@ -21,19 +18,22 @@ FontSpec test_font();
 
 calendar::Day date(int year, int month, int mday);  // month 1..12
 
-// A page request with every display option off but week numbers and school
-// holidays, no cursor, today outside the page.
+// A page request with the default options (week numbers, school holidays,
+// vacation block), no cursor, today outside the page.
 PageRequest request(int year, int month, int columns, int model);
 
 // Notes every 9th day, two calendar markings, a few shift markings and a
 // sky of the spring of 2024 (phases, an eclipse of each kind, distances).
 PageExtras sample_extras();
 
+// Pixels whose B, G or R differ by more than the tolerance. With `marked`,
+// paints there the actual page in grey and those pixels in red.
 struct ImageDifference {
     bool same_size = false;
-    long differing = 0;  // pixels whose channels differ by more than the tolerance
+    long differing = 0;
 };
-ImageDifference compare_images(cairo_surface_t* actual, cairo_surface_t* expected, int tolerance);
+ImageDifference compare_images(cairo_surface_t* actual, cairo_surface_t* expected, int tolerance,
+                               cairo_surface_t* marked = nullptr);
 
 // Compares the page with tests/view/golden/NAME.png. On a mismatch writes
 // golden-output/NAME.actual.png and NAME.diff.png in the working directory
