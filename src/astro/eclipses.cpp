@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "astro/lunar_terms.hpp"
 #include "astro/moon_phases.hpp"
 #include "astro/toolkit.hpp"
 
@@ -9,19 +10,13 @@ namespace sk::astro {
 
 namespace {
 
-// A term of chapter 54: coefficient · E^e_power · sin or cos (m·M + mp·M′ + f1·F1 + om·Ω).
-// For the time of greatest eclipse the coefficient is in days.
-struct EclipseTerm {
-    double coefficient;
-    int e_power;
-    int m, mp, f1, om;
-};
-
+// Terms of chapter 54; for the time of greatest eclipse the coefficient is
+// in days.
 // The first two terms differ between new and full moon.
-constexpr EclipseTerm kSolarLeadingTerms[] = {{-0.4075, 0, 0, 1, 0, 0}, {+0.1721, 1, 1, 0, 0, 0}};
-constexpr EclipseTerm kLunarLeadingTerms[] = {{-0.4065, 0, 0, 1, 0, 0}, {+0.1727, 1, 1, 0, 0, 0}};
+constexpr LunarTerm kSolarLeadingTerms[] = {{-0.4075, 0, 0, 1, 0, 0}, {+0.1721, 1, 1, 0, 0, 0}};
+constexpr LunarTerm kLunarLeadingTerms[] = {{-0.4065, 0, 0, 1, 0, 0}, {+0.1727, 1, 1, 0, 0, 0}};
 
-constexpr EclipseTerm kCommonTerms[] = {
+constexpr LunarTerm kCommonTerms[] = {
     {+0.0161, 0, 0, 2, 0, 0}, {-0.0097, 0, 0, 0, 2, 0},  {+0.0073, 1, -1, 1, 0, 0},
     {-0.0050, 1, 1, 1, 0, 0}, {-0.0023, 0, 0, 1, -2, 0}, {+0.0021, 1, 2, 0, 0, 0},
     {+0.0012, 0, 0, 1, 2, 0}, {+0.0006, 1, 1, 2, 0, 0},  {-0.0004, 0, 0, 3, 0, 0},
@@ -31,17 +26,17 @@ constexpr EclipseTerm kCommonTerms[] = {
 constexpr double kA1Days = 0.0003;  // · sin A1
 
 // P and Q: coefficient · E^e_power · sin or cos of the argument.
-constexpr EclipseTerm kPTerms[] = {
+constexpr LunarTerm kPTerms[] = {
     {+0.2070, 1, 1, 0, 0, 0}, {+0.0024, 1, 2, 0, 0, 0}, {-0.0392, 0, 0, 1, 0, 0},
     {+0.0116, 0, 0, 2, 0, 0}, {-0.0073, 1, 1, 1, 0, 0}, {+0.0067, 1, -1, 1, 0, 0},
     {+0.0118, 0, 0, 0, 2, 0},
 };
-constexpr EclipseTerm kQTerms[] = {
+constexpr LunarTerm kQTerms[] = {
     {+5.2207, 0, 0, 0, 0, 0}, {-0.0048, 1, 1, 0, 0, 0}, {+0.0020, 1, 2, 0, 0, 0},
     {-0.3299, 0, 0, 1, 0, 0}, {-0.0060, 1, 1, 1, 0, 0}, {+0.0041, 1, -1, 1, 0, 0},
 };
 // u = sum of cosines.
-constexpr EclipseTerm kUTerms[] = {
+constexpr LunarTerm kUTerms[] = {
     {+0.0059, 0, 0, 0, 0, 0}, {+0.0046, 1, 1, 0, 0, 0}, {-0.0182, 0, 0, 1, 0, 0},
     {+0.0004, 0, 0, 2, 0, 0}, {-0.0005, 0, 1, 1, 0, 0},
 };
@@ -55,33 +50,6 @@ constexpr double kLunarLimit = 1.0248;  // the calendar's own, not the book's 1.
 constexpr double kLunarTotalityLimit = 0.4678;
 constexpr double kLunarMagnitudeScale = 0.545;
 
-struct Arguments {
-    double E, M, Mp, F1, Omega;
-};
-
-double argument(const EclipseTerm& t, const Arguments& a) {
-    return t.m * a.M + t.mp * a.Mp + t.f1 * a.F1 + t.om * a.Omega;
-}
-
-double e_factor(double E, int power) {
-    return power == 0 ? 1.0 : power == 1 ? E : E * E;
-}
-
-template <std::size_t N>
-double sum_of_sines(const EclipseTerm (&terms)[N], const Arguments& a) {
-    double sum = 0.0;
-    for (const EclipseTerm& t : terms)
-        sum += t.coefficient * e_factor(a.E, t.e_power) * sin_deg(argument(t, a));
-    return sum;
-}
-
-template <std::size_t N>
-double sum_of_cosines(const EclipseTerm (&terms)[N], const Arguments& a) {
-    double sum = 0.0;
-    for (const EclipseTerm& t : terms)
-        sum += t.coefficient * e_factor(a.E, t.e_power) * cos_deg(argument(t, a));
-    return sum;
-}
 
 bool is_solar(double k) {
     return k - std::floor(k) == 0.0;
@@ -134,15 +102,16 @@ EclipseGeometry eclipse_geometry(double k) {
     if (std::fabs(sin_deg(l.F)) > kMaxSinF) return g;
     g.possible = true;
 
-    const Arguments a{l.E, l.M, l.Mp, l.F - 0.02665 * sin_deg(l.Omega), l.Omega};
+    // F1: the argument of latitude corrected for the node, used in place of F.
+    const LunarArguments a{l.E, l.M, l.Mp, l.F - 0.02665 * sin_deg(l.Omega), l.Omega};
     const double A1 = 299.77 + 0.107408 * k - 0.009173 * l.T * l.T;
     g.jde = l.jde + sum_of_sines(is_solar(k) ? kSolarLeadingTerms : kLunarLeadingTerms, a) +
             sum_of_sines(kCommonTerms, a) + kA1Days * sin_deg(A1);
 
     const double P = sum_of_sines(kPTerms, a);
     const double Q = sum_of_cosines(kQTerms, a);
-    const double W = std::fabs(cos_deg(a.F1));
-    g.gamma = (P * cos_deg(a.F1) + Q * sin_deg(a.F1)) * (1.0 - 0.0048 * W);
+    const double W = std::fabs(cos_deg(a.F));
+    g.gamma = (P * cos_deg(a.F) + Q * sin_deg(a.F)) * (1.0 - 0.0048 * W);
     g.u = sum_of_cosines(kUTerms, a);
     return g;
 }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "astro/lunar_terms.hpp"
 #include "astro/toolkit.hpp"
 
 namespace sk::astro {
@@ -10,15 +11,10 @@ namespace {
 
 constexpr double kLunationsPerCentury = 1236.85;
 
-// A correction of Table 49.A: coefficient (days) · E^e_power · sin(m·M + mp·M′ + f·F + om·Ω).
-struct PhaseTerm {
-    double days;
-    int e_power;
-    int m, mp, f, om;
-};
+// The corrections of Table 49.A, in days.
 
 // Table 49.A, new moon.
-constexpr PhaseTerm kNewMoonTerms[] = {
+constexpr LunarTerm kNewMoonTerms[] = {
     {-0.40720, 0, 0, 1, 0, 0},  {+0.17241, 1, 1, 0, 0, 0},   {+0.01608, 0, 0, 2, 0, 0},
     {+0.01039, 0, 0, 0, 2, 0},  {+0.00739, 1, -1, 1, 0, 0},  {-0.00514, 1, 1, 1, 0, 0},
     {+0.00208, 2, 2, 0, 0, 0},  {-0.00111, 0, 0, 1, -2, 0},  {-0.00057, 0, 0, 1, 2, 0},
@@ -31,7 +27,7 @@ constexpr PhaseTerm kNewMoonTerms[] = {
 };
 
 // Table 49.A, full moon.
-constexpr PhaseTerm kFullMoonTerms[] = {
+constexpr LunarTerm kFullMoonTerms[] = {
     {-0.40614, 0, 0, 1, 0, 0},  {+0.17302, 1, 1, 0, 0, 0},   {+0.01614, 0, 0, 2, 0, 0},
     {+0.01043, 0, 0, 0, 2, 0},  {+0.00734, 1, -1, 1, 0, 0},  {-0.00515, 1, 1, 1, 0, 0},
     {+0.00209, 2, 2, 0, 0, 0},  {-0.00111, 0, 0, 1, -2, 0},  {-0.00057, 0, 0, 1, 2, 0},
@@ -44,7 +40,7 @@ constexpr PhaseTerm kFullMoonTerms[] = {
 };
 
 // Table 49.A, first and last quarter.
-constexpr PhaseTerm kQuarterTerms[] = {
+constexpr LunarTerm kQuarterTerms[] = {
     {-0.62801, 0, 0, 1, 0, 0},  {+0.17172, 1, 1, 0, 0, 0},   {-0.01183, 1, 1, 1, 0, 0},
     {+0.00862, 0, 0, 2, 0, 0},  {+0.00804, 0, 0, 0, 2, 0},   {+0.00454, 1, -1, 1, 0, 0},
     {+0.00204, 2, 2, 0, 0, 0},  {-0.00180, 0, 0, 1, -2, 0},  {-0.00070, 0, 0, 1, 2, 0},
@@ -58,7 +54,7 @@ constexpr PhaseTerm kQuarterTerms[] = {
 
 // The quarter correction W, a sum of cosines: added at first quarter,
 // subtracted at last quarter. The first row is the constant 0.00306.
-constexpr PhaseTerm kQuarterW[] = {
+constexpr LunarTerm kQuarterW[] = {
     {+0.00306, 0, 0, 0, 0, 0},  {-0.00038, 1, 1, 0, 0, 0}, {+0.00026, 0, 0, 1, 0, 0},
     {-0.00002, 0, -1, 1, 0, 0}, {+0.00002, 0, 1, 1, 0, 0}, {+0.00002, 0, 0, 0, 2, 0},
 };
@@ -79,29 +75,6 @@ constexpr PlanetaryTerm kPlanetaryTerms[] = {
     {0.000035, 239.56, 25.513099, 0.0},      {0.000023, 331.55, 3.592518, 0.0},
 };
 
-double e_factor(double E, int power) {
-    return power == 0 ? 1.0 : power == 1 ? E : E * E;
-}
-
-double argument(const PhaseTerm& t, const MeanLunation& l) {
-    return t.m * l.M + t.mp * l.Mp + t.f * l.F + t.om * l.Omega;
-}
-
-template <std::size_t N>
-double sum_of_sines(const PhaseTerm (&terms)[N], const MeanLunation& l) {
-    double sum = 0.0;
-    for (const PhaseTerm& t : terms)
-        sum += t.days * e_factor(l.E, t.e_power) * sin_deg(argument(t, l));
-    return sum;
-}
-
-template <std::size_t N>
-double sum_of_cosines(const PhaseTerm (&terms)[N], const MeanLunation& l) {
-    double sum = 0.0;
-    for (const PhaseTerm& t : terms)
-        sum += t.days * e_factor(l.E, t.e_power) * cos_deg(argument(t, l));
-    return sum;
-}
 
 double planetary_corrections(const MeanLunation& l) {
     double sum = 0.0;
@@ -157,19 +130,20 @@ MeanLunation mean_lunation(double k, const LunationElements& elements) {
 
 double moon_phase_instant(double k, MoonPhase phase, const LunationElements& elements) {
     const MeanLunation l = mean_lunation(k, elements);
+    const LunarArguments a{l.E, l.M, l.Mp, l.F, l.Omega};
     double jde = l.jde;
     switch (phase) {
         case MoonPhase::NewMoon:
-            jde += sum_of_sines(kNewMoonTerms, l);
+            jde += sum_of_sines(kNewMoonTerms, a);
             break;
         case MoonPhase::FullMoon:
-            jde += sum_of_sines(kFullMoonTerms, l);
+            jde += sum_of_sines(kFullMoonTerms, a);
             break;
         case MoonPhase::FirstQuarter:
-            jde += sum_of_sines(kQuarterTerms, l) + sum_of_cosines(kQuarterW, l);
+            jde += sum_of_sines(kQuarterTerms, a) + sum_of_cosines(kQuarterW, a);
             break;
         case MoonPhase::LastQuarter:
-            jde += sum_of_sines(kQuarterTerms, l) - sum_of_cosines(kQuarterW, l);
+            jde += sum_of_sines(kQuarterTerms, a) - sum_of_cosines(kQuarterW, a);
             break;
         case MoonPhase::None:
             return 0.0;

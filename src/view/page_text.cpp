@@ -33,11 +33,11 @@ FontOptionsPtr page_font_options() {
 }  // namespace
 
 FontSpec font_spec(const settings::Settings& settings) {
-    FontSpec spec;
-    if (!settings.font_name.empty()) spec.family = settings.font_name;
-    spec.size = std::clamp(settings.font_size, 4, 96);
-    spec.style = settings.font_style;
-    return spec;
+    FontSpec font;
+    if (!settings.font_name.empty()) font.family = settings.font_name;
+    font.size = std::clamp(settings.font_size, 4, 96);
+    font.style = settings.font_style;
+    return font;
 }
 
 FontSpec font_for_model(const FontSpec& font, int model) {
