@@ -131,7 +131,8 @@ PageState normalized(PageState s) {
     s.columns = std::clamp(s.columns, kMinColumns, kMaxColumns);
     // Year and month may come from anywhere; the ordinal keeps a month index
     // outside 0..11 meaningful and the clamp keeps the product small.
-    s = with_first(s, month_ordinal(std::clamp(s.year, 0, 9999), s.month_index));
+    s = with_first(
+        s, month_ordinal(std::clamp(s.year, 0, 9999), std::clamp(s.month_index, -120000, 120000)));
     const Day cursor = within_calendar(s.cursor.number);
     return with_cursor(s, month_ordinal(cursor) - first_ordinal(s), cursor.mday);
 }
@@ -182,7 +183,7 @@ ColumnChange change_columns(const PageState& s_in, int delta) {
     const PageState s = normalized(s_in);
     if (s.model == kPlanModel) return {s, false};
     PageState changed = s;
-    changed.columns = s.columns + delta;
+    changed.columns = s.columns + std::clamp(delta, -kMaxColumns, kMaxColumns);
     // An out-of-range step resets the page to six columns, on purpose; the
     // smallest page needs no check.
     const bool in_range = changed.columns >= kMinColumns && changed.columns <= kMaxColumns;

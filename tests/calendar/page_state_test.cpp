@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <climits>
 #include <cstdio>
 #include <ctime>
 #include <random>
@@ -139,7 +140,8 @@ TEST(PageState, ScreenCheckModelKeysAndEntries) {
                             {"2024-01 2024-01-01 7 6", -1, true},
                             {"2024-01 2024-01-01 23 0", 1, false},
                             {"2024-01 2024-01-01 6 0", -1, false},
-                            {"2024-01 2024-01-01 9 5", 1, false}})
+                            {"2024-01 2024-01-01 9 5", 1, false},
+                            {"2024-01 2024-01-01 9 0", INT_MIN, false}})
         EXPECT_EQ(change_columns(state(c.start), c.delta).check_screen, c.check) << c.start;
     for (int m = 0; m < kModelCount; ++m) {
         EXPECT_EQ(model_for_key(m, U'N'), m == 0 ? 3 : 0);
@@ -173,7 +175,8 @@ TEST(PageState, ScreenCheckModelKeysAndEntries) {
 TEST(PageState, RandomKeysKeepTheInvariants) {
     std::mt19937 random(20240317);
     for (PageState s : {PageState{1960, 14, Day::from_number(-50), 0, 9},
-                        PageState{2050, -3, Day::from_number(30000), 40, 5}}) {
+                        PageState{2050, -3, Day::from_number(30000), 40, 5},
+                        PageState{INT_MAX, INT_MIN, Day{INT_MIN}, INT_MAX, INT_MIN}}) {
         s = normalized(s);
         for (int step = 0; step < 30000; ++step) {
             const PageState before = s;
