@@ -362,15 +362,4 @@ PageLayout layout_page(const PageRequest& request_in, const PageExtras& extras, 
     return layout;
 }
 
-std::optional<Day> day_at(const PageLayout& layout, double x, double y) {
-    for (const MonthColumn& m : layout.months) {
-        if (!m.area.contains(x, y)) continue;
-        for (int i = 0; i < m.day_count; ++i) {
-            const DayCell& c = layout.days[static_cast<std::size_t>(m.first_day + i)];
-            if (c.row.contains(x, y)) return c.day;
-        }
-    }
-    return std::nullopt;
-}
-
 }  // namespace sk::view

@@ -137,9 +137,6 @@ struct PageLayout {
 // (font_for_model) and must outlive the layout.
 PageLayout layout_page(const PageRequest& request, const PageExtras& extras, TextShaper& shaper);
 
-// The day whose row holds the point (pixels), for clicks on the page.
-std::optional<calendar::Day> day_at(const PageLayout& layout, double x, double y);
-
 // The letters of the shift cells, and of the shift markings (those of the
 // marking list: X F U L K A, and Fr Sp Na for the shifts of models 6 and 7).
 using calendar::shift_letter;
