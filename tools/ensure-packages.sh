@@ -6,14 +6,15 @@ set -euo pipefail
 packages=(
   cmake ninja-build g++ pkg-config
   libgtest-dev libgmock-dev libbenchmark-dev
-  libgtkmm-3.0-dev libcairo2-dev libpango1.0-dev
+  libgtkmm-3.0-dev libcairo2-dev libpango1.0-dev libical-dev tzdata python3-icalendar
   clang libclang-rt-14-dev
   xvfb xauth xdotool imagemagick
   fonts-freefont-ttf fonts-dejavu-core
 )
 if [ "${1:-}" = "--runtime" ]; then
   packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev
-            libgtkmm-3.0-dev libcairo2-dev libpango1.0-dev fonts-freefont-ttf fonts-dejavu-core)
+            libgtkmm-3.0-dev libcairo2-dev libpango1.0-dev libical-dev tzdata
+            fonts-freefont-ttf fonts-dejavu-core)
 fi
 
 missing=()

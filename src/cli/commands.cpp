@@ -14,7 +14,7 @@ namespace {
 
 std::vector<Command> build_commands() {
     return {days_command(), holidays_command(), school_holidays_command(), accounts_command(),
-            render_command()};
+            render_command(), ics_command(), csv_command(), next_command()};
 }
 
 }  // namespace

@@ -39,6 +39,9 @@ Command holidays_command();
 Command school_holidays_command();
 Command accounts_command();
 Command render_command();
+Command ics_command();
+Command csv_command();
+Command next_command();
 const Command* find_command(std::string_view name);
 
 // "--name value" or "--name=value" options and positional arguments. Every

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "calendar/dates.hpp"
+#include "calendar/page_shifts.hpp"
 #include "calendar/shift_model.hpp"
 #include "view/colour.hpp"
 #include "view/page_input.hpp"
@@ -79,14 +80,8 @@ struct Overlay {
     double frame_width = 0;  // 0 = no frame
 };
 
-// How a crew's cell of a day looks.
-enum class CellKind : std::uint8_t {
-    Off,          // no shift: empty
-    Work,         // early, late or night shift: crew colour, F / S / N
-    Standby,      // standby week: framed in the crew colour, V
-    Vacation,     // block vacation: pale crew colour, U
-    VacationOff,  // day off within the block vacation: pale crew colour, US
-};
+// How a crew's cell of a day looks (calendar/page_shifts.hpp).
+using calendar::CellKind;
 
 struct ShiftCell {
     Rect rect;
@@ -144,7 +139,7 @@ PageLayout layout_page(const PageRequest& request, const PageExtras& extras, Tex
 
 // The letters of the shift cells, and of the shift markings (those of the
 // marking list: X F U L K A, and Fr Sp Na for the shifts of models 6 and 7).
-std::string_view shift_letter(CellKind kind, calendar::ShiftCode code);
+using calendar::shift_letter;
 std::string_view marking_letter(int model, int code);
 
 }  // namespace sk::view
