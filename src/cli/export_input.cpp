@@ -2,25 +2,21 @@
 
 #include "calendar/page_shifts.hpp"
 #include "calendar/shift_model.hpp"
-#include "calendar/vacation.hpp"
-#include "cli/notes_column.hpp"
 
 namespace sk::cli {
 
 exporting::ExportSource ExportInput::source() const {
-    return {plan, &shift_markings, notes.get()};
+    return {plan, &session.shift_markings, with_notes ? &session.notes : nullptr};
 }
 
 ExportInput read_export_input(const Options& options, std::ostream& err, bool with_notes) {
     const auto model = options.integer("model", 0, 7);
-    ExportInput input{user_context(options, err), nullptr, {}, {}};
-    const settings::Settings& s = input.context.settings;
+    ExportInput input{open_user_session(options, err), with_notes, {}};
+    const settings::Settings& s = input.session.settings;
     input.plan.model = model.value_or(calendar::is_valid_model(s.model) ? s.model : 0);
     input.plan.vacation_block = s.vacation_block_shown != 0;
-    input.plan.order = calendar::rotate_order(calendar::kVacationOrder, s.vacation_cycle);
-    input.plan.earliest = {s.vacation_start_month, s.vacation_start_day};
-    input.shift_markings = marks::load_shift_markings(input.context.user_dir);
-    if (with_notes) input.notes = user_note_store(input.context, options);
+    input.plan.order = input.session.vacation_order;
+    input.plan.earliest = input.session.vacation_start;
     return input;
 }
 

@@ -1,11 +1,10 @@
 // What the export commands (ics, csv, next) read: the user's settings,
 // shift markings and, when asked for, notes, without creating or writing
 // anything; and the arguments they share (crew, date range, output file).
-// Reading the user's data is this one function, so that it can move to the
-// session's read-only start in one place.
+// The user's data come from the session opened read-only, as for every
+// command.
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -14,15 +13,13 @@
 #include "cli/commands.hpp"
 #include "export/duties.hpp"
 #include "export/ical_export.hpp"
-#include "marks/shift_markings.hpp"
-#include "notes/note_store.hpp"
+#include "session/session.hpp"
 
 namespace sk::cli {
 
 struct ExportInput {
-    UserContext context;
-    std::shared_ptr<notes::NoteStore> notes;  // null unless asked for and present
-    marks::ShiftMarkings shift_markings;
+    session::Session session;
+    bool with_notes = false;
     calendar::PlanView plan;
 
     // Points into this value: keep it alive while the source is used.
@@ -30,9 +27,9 @@ struct ExportInput {
 };
 
 // --model (or "Schichtart"), the vacation exchange as the page shows it
-// ("UrlaubBlockAnzeige"), the vacation order rotated "UrlaubZyklus" times and
-// the earliest start from the settings; the user's shift markings; the
-// notes (with --password) when `with_notes` is set.
+// ("UrlaubBlockAnzeige"), the session's vacation order and earliest start;
+// the user's shift markings; the notes (with --password) when `with_notes`
+// is set.
 ExportInput read_export_input(const Options& options, std::ostream& err, bool with_notes);
 
 // --crew as the page heads the column ("1".."5", "1".."3" in model 2, "A".."D"

@@ -338,13 +338,15 @@ private:
 
 }  // namespace
 
-PageLayout layout_page(const PageRequest& request_in, const PageExtras& extras, TextShaper& shaper) {
+PageLayout layout_page(const PageRequest& request_in, const PageExtras& extras,
+                       std::shared_ptr<TextShaper> shaper_in) {
+    TextShaper& shaper = *shaper_in;
     PageRequest request = request_in;
     request.columns = std::clamp(request.columns, 1, g::kMaxColumns);
     if (!calendar::is_valid_model(request.model)) request.model = 0;
 
     PageLayout layout;
-    layout.shaper = &shaper;
+    layout.shaper = std::move(shaper_in);
     layout.cell = shaper.cell();
     const g::PixelSize size = g::page_pixel_size(layout.cell, request.columns);
     layout.width = size.width;

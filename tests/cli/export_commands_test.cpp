@@ -8,7 +8,7 @@
 
 #include "export/duties.hpp"
 #include "marks/shift_markings.hpp"
-#include "notes/note_store.hpp"
+#include "session/session.hpp"
 #include "settings/settings_file.hpp"
 #include "test_support.hpp"
 #include "view/page_output.hpp"
@@ -42,16 +42,16 @@ TEST(ExportCommands, DutiesAreTheLettersThePageDraws) {
     for (int d = day_number(2024, 0, 3); d < day_number(2025, 0, 1); d += 11)
         markings.items.push_back(
             {d, static_cast<std::int8_t>(1 + d % 4), static_cast<std::int8_t>(d % 8)});
-    const notes::NoteStore no_notes;
-    const marks::CalendarMarkings no_bars;
     view::PageRenderer renderer({"DejaVu Sans", 8, 0});
     for (int model = 0; model < 8; ++model) {
-        settings::Settings s = settings::default_settings("/");
-        s.model = model;
-        s.columns = 12;
+        session::Session s;
+        s.settings = settings::default_settings("/");
+        s.settings.model = model;
+        s.settings.columns = 12;
+        s.shift_markings = markings;
         const view::PageRequest request = view::page_request(
             s, calendar::Day::from_date(2024, 0, 1), std::nullopt, calendar::Day{});
-        view::PageExtras extras = view::page_extras(s, {no_notes, no_bars, markings});
+        view::PageExtras extras = view::page_extras(s);
         extras.sky = nullptr;
         const view::PageLayout page = renderer.layout(request, extras);
         const exporting::ExportSource source{
