@@ -4,15 +4,15 @@
 #include <memory>
 
 #include "notes/notes_of_day.hpp"
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
 
 namespace sk::cli {
 
 std::shared_ptr<notes::NoteStore> user_note_store(const UserContext& context, const Options& options) {
     std::string password;
     if (const auto typed = options.value("password")) {
-        settings::EncodeError error;
-        const auto latin9 = settings::utf8_to_latin9(*typed, &error);
+        files::EncodeError error;
+        const auto latin9 = files::utf8_to_latin9(*typed, &error);
         if (!latin9)
             throw UsageError("das Passwort (--password) ist nicht verwendbar: " + error.message);
         password = *latin9;

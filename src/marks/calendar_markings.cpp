@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "marks/records.hpp"
-#include "settings/atomic_file.hpp"
+#include "files/atomic_file.hpp"
 
 namespace sk::marks {
 
@@ -95,7 +95,7 @@ std::string serialize_calendar_markings(const CalendarMarkings& markings) {
 }
 
 CalendarMarkings load_calendar_markings(const std::filesystem::path& user_dir) {
-    const auto bytes = settings::read_file(user_dir / kCalendarMarkingsFile,
+    const auto bytes = files::read_file(user_dir / kCalendarMarkingsFile,
                                            kMaxCalendarMarkings * kCalendarMarkingRecord);
     if (!bytes) return {};
     return parse_calendar_markings(*bytes);

@@ -5,7 +5,7 @@
 
 #include "calendar/shift_model.hpp"
 #include "marks/records.hpp"
-#include "settings/atomic_file.hpp"
+#include "files/atomic_file.hpp"
 
 namespace sk::marks {
 
@@ -153,7 +153,7 @@ std::string serialize_shift_markings(const ShiftMarkings& markings) {
 }
 
 ShiftMarkings load_shift_markings(const std::filesystem::path& user_dir) {
-    const auto bytes = settings::read_file(user_dir / kShiftMarkingsFile,
+    const auto bytes = files::read_file(user_dir / kShiftMarkingsFile,
                                            kMaxShiftMarkings * kShiftMarkingRecord);
     if (!bytes) return {};
     return parse_shift_markings(*bytes);

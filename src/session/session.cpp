@@ -2,7 +2,7 @@
 
 #include "session/data_directory.hpp"
 #include "settings/settings_file.hpp"
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
 #include "settings/users.hpp"
 
 namespace sk::session {
@@ -14,8 +14,8 @@ StartResult start_session(const std::filesystem::path& data_root, const std::str
         result.error = *error;
         return result;
     }
-    settings::EncodeError encode_error;
-    const auto password = settings::utf8_to_latin9(password_utf8, &encode_error);
+    files::EncodeError encode_error;
+    const auto password = files::utf8_to_latin9(password_utf8, &encode_error);
     if (!password) {
         result.error = "Das Passwort ist nicht verwendbar: " + encode_error.message;
         return result;

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <map>
 
-#include "settings/atomic_file.hpp"
+#include "files/atomic_file.hpp"
 
 namespace sk::settings {
 
@@ -82,7 +82,7 @@ char32_t fold(char32_t c) {
 }
 
 std::u32string folded(std::string_view utf8) {
-    std::u32string out = decode_utf8(utf8).value_or(std::u32string());
+    std::u32string out = files::decode_utf8(utf8).value_or(std::u32string());
     for (auto& c : out) c = fold(c);
     return out;
 }
@@ -106,10 +106,10 @@ Values parse_lines(std::string_view bytes) {
         bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
         // A line saved by a UTF-8 editor is taken as such; a line of the
         // file's own character set is almost never valid UTF-8.
-        std::string line = latin9_to_utf8(raw);
+        std::string line = files::latin9_to_utf8(raw);
         for (const char b : raw) {
             if (static_cast<unsigned char>(b) >= 0x80) {
-                if (decode_utf8(raw) && utf8_to_latin9(raw)) line = std::string(raw);
+                if (files::decode_utf8(raw) && files::utf8_to_latin9(raw)) line = std::string(raw);
                 break;
             }
         }
@@ -224,7 +224,7 @@ Settings parse_settings(std::string_view bytes, const Settings& defaults) {
     return s;
 }
 
-std::optional<std::string> serialize_settings(const Settings& s, EncodeError* error) {
+std::optional<std::string> serialize_settings(const Settings& s, files::EncodeError* error) {
     std::string text;
     std::string_view group;
     for (const Key& key : kKeys) {
@@ -244,24 +244,24 @@ std::optional<std::string> serialize_settings(const Settings& s, EncodeError* er
         }
         text += '\n';
     }
-    return utf8_to_latin9(text, error);
+    return files::utf8_to_latin9(text, error);
 }
 
 Settings read_settings_file(const std::filesystem::path& file, const Settings& defaults) {
-    const auto bytes = read_file(file, 1024 * 1024);
+    const auto bytes = files::read_file(file, 1024 * 1024);
     if (!bytes) return defaults;
     return parse_settings(*bytes, defaults);
 }
 
 bool write_settings_file(const std::filesystem::path& file, const Settings& settings,
                          std::string* error) {
-    EncodeError encode_error;
+    files::EncodeError encode_error;
     const auto bytes = serialize_settings(settings, &encode_error);
     if (!bytes) {
         if (error) *error = encode_error.message;
         return false;
     }
-    return write_file_atomic(file, *bytes, error);
+    return files::write_file_atomic(file, *bytes, error);
 }
 
 }  // namespace sk::settings

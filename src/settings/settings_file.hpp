@@ -11,7 +11,7 @@
 #include <string_view>
 
 #include "settings/settings.hpp"
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
 
 namespace sk::settings {
 
@@ -35,7 +35,7 @@ void normalize_settings(Settings& settings, const Settings& defaults);
 // The file's bytes; nullopt when a text holds a character that ISO-8859-15
 // cannot store (`error` names it).
 std::optional<std::string> serialize_settings(const Settings& settings,
-                                              EncodeError* error = nullptr);
+                                              files::EncodeError* error = nullptr);
 
 // A missing or unreadable file gives `defaults`.
 Settings read_settings_file(const std::filesystem::path& file, const Settings& defaults);

@@ -1,4 +1,4 @@
-#include "settings/atomic_file.hpp"
+#include "files/atomic_file.hpp"
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "settings/file_descriptor.hpp"
+#include "files/file_descriptor.hpp"
 
-namespace sk::settings {
+namespace sk::files {
 
 namespace {
 
@@ -85,4 +85,4 @@ bool remove_file(const std::filesystem::path& file) {
     return ::unlink(file.c_str()) == 0 || errno == ENOENT;
 }
 
-}  // namespace sk::settings
+}  // namespace sk::files

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace sk::settings {
+namespace sk::files {
 
 class FileDescriptor {
 public:
@@ -23,4 +23,4 @@ private:
     int m_fd;
 };
 
-}  // namespace sk::settings
+}  // namespace sk::files

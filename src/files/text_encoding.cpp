@@ -1,8 +1,8 @@
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
 
 #include <cstdio>
 
-namespace sk::settings {
+namespace sk::files {
 
 namespace {
 
@@ -126,4 +126,4 @@ std::size_t utf8_length(std::string_view utf8) {
     return n;
 }
 
-}  // namespace sk::settings
+}  // namespace sk::files

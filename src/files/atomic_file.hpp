@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-namespace sk::settings {
+namespace sk::files {
 
 // Reads at most `max_bytes` of a file; nullopt when it cannot be opened.
 std::optional<std::string> read_file(const std::filesystem::path& file,
@@ -24,4 +24,4 @@ bool write_file_atomic(const std::filesystem::path& file, std::string_view bytes
 // Deletes a file; a missing file is not an error.
 bool remove_file(const std::filesystem::path& file);
 
-}  // namespace sk::settings
+}  // namespace sk::files

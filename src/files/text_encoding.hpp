@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace sk::settings {
+namespace sk::files {
 
 // Every byte is a character in ISO-8859-15, so this cannot fail.
 std::string latin9_to_utf8(std::string_view bytes);
@@ -31,4 +31,4 @@ void append_utf8(std::string& out, char32_t c);
 // Number of characters (code points) of valid UTF-8 text.
 std::size_t utf8_length(std::string_view utf8);
 
-}  // namespace sk::settings
+}  // namespace sk::files
