@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "calendar/ranges.hpp"
 #include "settings/settings_file.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -11,9 +12,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Settings defaults = default_settings("/tmp/SKDaten");
     const Settings s = parse_settings(
         std::string_view(reinterpret_cast<const char*>(data), size), defaults);
-    if (s.model < 0 || s.model > 7 || s.columns < 6 || s.columns > 23 || s.twilight < 0 ||
-        s.twilight > 2 || s.time_zone < -12 || s.time_zone > 14 || s.font_size < 6 ||
-        s.font_size > 72)
+    using namespace sk::calendar;
+    if (!kModels.contains(s.model) || !kColumns.contains(s.columns) ||
+        !kTwilightKinds.contains(s.twilight) || !kTimeZones.contains(s.time_zone) ||
+        !kFontSizes.contains(s.font_size) || !kLatitudes.contains(s.latitude) ||
+        !kLongitudes.contains(s.longitude))
         std::abort();
     if (const auto bytes = serialize_settings(s)) {
         if (!(parse_settings(*bytes, defaults) == s)) std::abort();

@@ -67,10 +67,10 @@ int run_accounts(const Args& args, std::ostream& out, std::ostream& err) {
     if (!options.positional().empty())
         throw UsageError("unerwartetes Argument \"" + options.positional().front() + "\"");
     const Day now = today(options);
-    if (now.number < calendar::kFirstDay || now.number > calendar::kLastDay)
+    if (!calendar::kCalendarDays.contains(now.number))
         throw UsageError("der Kalender reicht vom 1970-01-01 bis zum 2037-07-31, nicht " +
                          calendar::format_iso_date(now));
-    const auto model = options.integer("model", 0, calendar::kModelCount - 1);
+    const auto model = options.integer("model", calendar::kModels);
     const UserContext context = user_context(options, err);
     const marks::PlanContext plan =
         marks::plan_context(context.settings, model.value_or(context.settings.model));

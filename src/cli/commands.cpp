@@ -89,13 +89,14 @@ std::optional<calendar::Day> Options::date(std::string_view name) const {
     return day;
 }
 
-std::optional<int> Options::integer(std::string_view name, int min, int max) const {
+std::optional<int> Options::integer(std::string_view name, calendar::Range<int> allowed) const {
     const auto text = value(name);
     if (!text) return std::nullopt;
     const auto number = parse_integer(*text);
-    if (!number || *number < min || *number > max)
+    if (!number || *number < allowed.min || *number > allowed.max)
         throw UsageError("\"" + *text + "\" ist kein gültiger Wert für --" + std::string(name) +
-                         " (erlaubt: " + std::to_string(min) + " bis " + std::to_string(max) + ")");
+                         " (erlaubt: " + std::to_string(allowed.min) + " bis " +
+                         std::to_string(allowed.max) + ")");
     return static_cast<int>(*number);
 }
 

@@ -25,7 +25,7 @@ double day_hours(DayNumber d) { return kShiftHours + (is_sunday(d) ? kSundayExtr
 // Markings outside the calendar's days are left out of every account; the
 // dialog never makes them.
 bool counts(const ShiftMarking& m) {
-    return m.day >= calendar::kFirstDay && m.day <= calendar::kLastDay;
+    return calendar::kCalendarDays.contains(m.day);
 }
 
 // The home crew's shift code on a day of the current year's plan, with the

@@ -4,8 +4,8 @@
 #include <array>
 
 #include "calendar/shift_model.hpp"
-#include "marks/records.hpp"
 #include "files/atomic_file.hpp"
+#include "marks/records.hpp"
 
 namespace sk::marks {
 
@@ -80,7 +80,7 @@ int column_shift(int model, DayNumber d, int column) {
 }
 
 bool may_mark_day(int model, const Day& day, int column) {
-    if (day.number < calendar::kFirstDay || day.number > calendar::kLastDay) return false;
+    if (!calendar::kCalendarDays.contains(day.number)) return false;
     const int s = column_shift(model, day.number, column);
     if (s < 0) return false;
     if (model == 2) return s >= 1 && s <= 3;

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 
+#include "calendar/ranges.hpp"
 #include "files/atomic_file.hpp"
 
 namespace sk::settings {
@@ -173,22 +174,23 @@ std::string format_full_precision(double value) {
 }
 
 void normalize_settings(Settings& s, const Settings& defaults) {
-    if (s.model < 0 || s.model > 7) s.model = 0;
-    if (s.columns < 6 || s.columns > 23) s.columns = 6;
-    if (s.twilight < 0 || s.twilight > 2) s.twilight = 0;
-    if (s.font_size < 6 || s.font_size > 72) s.font_size = 10;
-    s.time_zone = std::clamp(s.time_zone, -12.0, 14.0);
+    using namespace calendar;
+    if (!kModels.contains(s.model)) s.model = 0;
+    if (!kColumns.contains(s.columns)) s.columns = kColumns.min;
+    if (!kTwilightKinds.contains(s.twilight)) s.twilight = 0;
+    if (!kFontSizes.contains(s.font_size)) s.font_size = 10;
+    s.time_zone = kTimeZones.clamp(s.time_zone);
     for (int Settings::*flag :
          {&Settings::school_holidays_shown, &Settings::week_numbers_shown,
           &Settings::vacation_block_shown, &Settings::auto_summer_time,
           &Settings::moon_phases_shown, &Settings::perihelion_shown})
         s.*flag = s.*flag != 0 ? 1 : 0;
-    if (s.vacation_start_month < 1 || s.vacation_start_month > 12)
+    if (!kVacationStartMonths.contains(s.vacation_start_month))
         s.vacation_start_month = defaults.vacation_start_month;
-    if (s.vacation_start_day < 1 || s.vacation_start_day > 31)
+    if (!kVacationStartDays.contains(s.vacation_start_day))
         s.vacation_start_day = defaults.vacation_start_day;
-    if (std::fabs(s.latitude) > 90) s.latitude = defaults.latitude;
-    if (std::fabs(s.longitude) > 180) s.longitude = defaults.longitude;
+    if (!kLatitudes.contains(s.latitude)) s.latitude = defaults.latitude;
+    if (!kLongitudes.contains(s.longitude)) s.longitude = defaults.longitude;
     s.place_name = truncate_characters(s.place_name, 50);
 }
 

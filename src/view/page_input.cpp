@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "calendar/ranges.hpp"
 #include "calendar/shift_model.hpp"
 
 namespace sk::view {
@@ -21,7 +22,7 @@ PageRequest page_request(const settings::Settings& s, const calendar::Day& first
     PageRequest r;
     r.first_year = first_month.year;
     r.first_month_index = first_month.month_index;
-    r.columns = std::clamp(s.columns, 1, 23);
+    r.columns = calendar::kRenderColumns.clamp(s.columns);
     r.model = calendar::is_valid_model(s.model) ? s.model : 0;
     r.cursor = cursor;
     r.today = today;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "calendar/holidays.hpp"
+#include "calendar/ranges.hpp"
 #include "calendar/school_holidays.hpp"
 #include "marks/shift_markings.hpp"
 #include "view/page_builder.hpp"
@@ -357,7 +358,7 @@ private:
 
 PageLayout layout_page(const PageRequest& request_in, const PageExtras& extras, TextShaper& shaper) {
     PageRequest request = request_in;
-    request.columns = std::clamp(request.columns, 1, g::kMaxColumns);
+    request.columns = calendar::kRenderColumns.clamp(request.columns);
     if (!calendar::is_valid_model(request.model)) request.model = 0;
 
     PageLayout layout;
