@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "calendar/colour.hpp"
 #include "calendar/dates.hpp"
 #include "calendar/ranges.hpp"
 
@@ -91,8 +92,9 @@ inline constexpr std::array<ShiftModel, kModelCount> kShiftModels = {{
 // The chooser lists model 5 in third place.
 inline constexpr std::array<int, kModelCount> kChooserOrder = {0, 1, 5, 2, 3, 4, 6, 7};
 
-// Crew colours as red + green*256 + blue*65536: red, blue, yellow, green, orange.
-inline constexpr std::array<std::uint32_t, 5> kCrewColours = {255, 16711680, 65535, 65280, 763883};
+// Crew colours: red, blue, yellow, green, orange.
+inline constexpr std::array<Rgb, 5> kCrewColours = {
+    Rgb{255, 0, 0}, Rgb{0, 0, 255}, Rgb{255, 255, 0}, Rgb{0, 255, 0}, Rgb{235, 167, 11}};
 
 constexpr bool is_valid_model(int model) { return kModels.contains(model); }
 // Models whose five crews take a vacation block.

@@ -16,6 +16,7 @@
 #include <string>
 #include <string_view>
 
+#include "calendar/colour.hpp"
 #include "calendar/dates.hpp"
 #include "calendar/vacation.hpp"
 #include "marks/account_files.hpp"
@@ -68,10 +69,10 @@ double start_value_in_hours(const HoursAccount& hours);
 struct HoursBalance {
     double hours = 0;         // decimal hours
     std::string text;         // 7 characters, right-aligned
-    std::int32_t colour = 0;  // red + green * 256 + blue * 65536
+    calendar::Rgb colour = calendar::kBlack;
 };
-inline constexpr std::int32_t kBalanceLowColour = 160;         // dark red, below -40 hours
-inline constexpr std::int32_t kBalanceHighColour = 160 * 256;  // dark green, above 40 hours
+inline constexpr calendar::Rgb kBalanceLowColour{160, 0, 0};   // dark red, below -40 hours
+inline constexpr calendar::Rgb kBalanceHighColour{0, 160, 0};  // dark green, above 40 hours
 HoursBalance hours_balance(const ShiftMarkings& markings, const AccountState& state,
                            const PlanContext& plan, const Day& today);
 
@@ -97,7 +98,7 @@ std::string remaining_vacation_text(const ShiftMarkings& markings, const Account
 // The two fields of the status lines; empty texts in models 6 and 7.
 struct AccountTexts {
     std::string hours;
-    std::int32_t hours_colour = 0;
+    calendar::Rgb hours_colour = calendar::kBlack;
     std::string vacation;
 };
 AccountTexts account_texts(const ShiftMarkings& markings, const AccountState& state,

@@ -14,6 +14,7 @@
 #include "calendar/dates.hpp"
 #include "calendar/vacation.hpp"
 #include "settings/settings.hpp"
+#include "view/colour.hpp"
 
 namespace sk::view {
 
@@ -80,8 +81,8 @@ struct ShiftMark {
 // means "none".
 struct PageExtras {
     std::function<bool(const calendar::Day&)> has_notes;
-    // Colour of the calendar marking that covers the day, 0 = none.
-    std::function<std::uint32_t(calendar::DayNumber)> marking_colour;
+    // Colour of the calendar marking that covers the day.
+    std::function<std::optional<Rgb>(calendar::DayNumber)> marking_colour;
     std::function<std::optional<ShiftMark>(calendar::DayNumber)> shift_marking;
     // The sky of every day of a range, one entry per day from `first`;
     // asked once per page.

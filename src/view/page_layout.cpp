@@ -65,7 +65,7 @@ Rect note_highlight(double text_right, double text_width, const Rect& row) {
 }
 
 Rgb crew_colour(int crew) {
-    return Rgb::from_value(calendar::kCrewColours[static_cast<std::size_t>(std::clamp(crew, 0, 4))]);
+    return calendar::kCrewColours[static_cast<std::size_t>(std::clamp(crew, 0, 4))];
 }
 
 std::string crew_label(int model, int crew) {
@@ -200,9 +200,9 @@ private:
         cell.free_day = calendar::is_free_day(day, m_free_level);
         cell.school_holiday = o.school_holidays && calendar::is_school_holiday(day);
         cell.has_notes = m_extras.has_notes && m_extras.has_notes(day);
-        cell.marking_colour = m_extras.marking_colour ? m_extras.marking_colour(day.number) : 0;
+        if (m_extras.marking_colour) cell.marking_colour = m_extras.marking_colour(day.number);
         m_facts.notes |= cell.has_notes;
-        m_facts.markings |= cell.marking_colour != 0;
+        m_facts.markings |= cell.marking_colour.has_value();
 
         // Bands across the row for Saturdays, Sundays and holidays; a rule below.
         if (cell.red) m_b.box(Layer::Band, row, palette::kSundayBand);
@@ -211,9 +211,9 @@ private:
 
         if (cell.school_holiday)
             m_b.box(Layer::Stripe, part(left + g::kStripeX, g::kStripeW, row), palette::kSchoolStripe);
-        if (cell.marking_colour != 0)
+        if (cell.marking_colour)
             m_b.box(Layer::Marking, part(left + g::kMarkingX, g::kMarkingW, row),
-                    Rgb::from_value(cell.marking_colour));
+                    *cell.marking_colour);
         const std::string_view number = kNumbers[static_cast<std::size_t>(day.mday)];
         const double number_right = m_b.px_x(left + g::kNumberRight);
         if (cell.has_notes)

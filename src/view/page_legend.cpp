@@ -9,6 +9,7 @@
 
 #include "calendar/school_holidays.hpp"
 #include "calendar/shift_model.hpp"
+#include "marks/calendar_markings.hpp"
 #include "view/page_builder.hpp"
 
 namespace sk::view {
@@ -246,7 +247,7 @@ void add_legend(PageBuilder& b, const PageRequest& request, const PageFacts& fac
                      request.model == 5 ? "Ferientage" : "Schulferien");
     }
     if (facts.notes) l.day_sample("12", palette::kText, Layer::Note, palette::kNoteHighlight, "Notiz");
-    if (facts.markings) l.bar(palette::kDefaultMarking, "Kalendermarkierung");
+    if (facts.markings) l.bar(marks::kDefaultMarkingColour, "Kalendermarkierung");
     const double w = today_frame_width(b.cell());
     l.outline({{}, {}, 0, palette::kToday, w}, "heute");
     if (request.cursor && page_days(request).contains(request.cursor->number))

@@ -46,9 +46,7 @@ decltype(PageExtras::has_notes) notes_source(const notes::NoteStore& notes) {
 }
 
 decltype(PageExtras::marking_colour) marking_source(const marks::CalendarMarkings& markings) {
-    return [&markings](calendar::DayNumber d) {
-        return static_cast<std::uint32_t>(marks::marking_colour_of_day(markings, d)) & 0xFFFFFFu;
-    };
+    return [&markings](calendar::DayNumber d) { return marks::marking_colour_of_day(markings, d); };
 }
 
 decltype(PageExtras::shift_marking) shift_marking_source(const marks::ShiftMarkings& markings) {

@@ -175,11 +175,14 @@ TEST(HoursAccount, VacationBlockAsMinusHours) {
 }
 
 TEST(HoursAccount, BalanceTextAndColour) {
-    const std::tuple<float, int, const char*, std::int32_t> cases[] = {  // start, mode, text, colour
-        {12.5f, 0, "  24,50", 0},        {7.30f, 1, "  19:30", 0},      {-19.30f, 1, "  -7:30", 0},
-        {-12.30f, 1, "  -0:30", 0},      {-12.001f, 0, "   0,00", 0},   {-52.0f, 0, " -40,00", 0},
-        {-52.01f, 0, " -40,01", 160},    {28.01f, 0, "  40,01", 160 * 256},
-        {-600.0f, 1, "-588:00", 160},
+    constexpr calendar::Rgb kBlack, kDarkRed{160, 0, 0}, kDarkGreen{0, 160, 0};
+    // start, mode, text, colour
+    const std::tuple<float, int, const char*, calendar::Rgb> cases[] = {
+        {12.5f, 0, "  24,50", kBlack},     {7.30f, 1, "  19:30", kBlack},
+        {-19.30f, 1, "  -7:30", kBlack},   {-12.30f, 1, "  -0:30", kBlack},
+        {-12.001f, 0, "   0,00", kBlack},  {-52.0f, 0, " -40,00", kBlack},
+        {-52.01f, 0, " -40,01", kDarkRed}, {28.01f, 0, "  40,01", kDarkGreen},
+        {-600.0f, 1, "-588:00", kDarkRed},
     };
     for (const auto& [start, mode, text, colour] : cases) {  // each with an X on an off Sunday: +12
         AccountState state = for_crew(0);

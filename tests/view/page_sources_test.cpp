@@ -41,10 +41,10 @@ TEST(PageSources, SkyOfAnotherRangeIsComputedAnew) {
 
 TEST(PageSources, MarkingsOfTheUsersLists) {
     marks::CalendarMarkings bars;
-    bars.items = {{date(2024, 3, 1).number, date(2024, 3, 10).number, marks::rgb(239, 194, 161)}};
+    bars.items = {{date(2024, 3, 1).number, date(2024, 3, 10).number, Rgb{239, 194, 161}}};
     const auto colour = marking_source(bars);
-    EXPECT_EQ(colour(date(2024, 2, 29).number), 0u);
-    EXPECT_EQ(Rgb::from_value(colour(date(2024, 3, 7).number)), (Rgb{239, 194, 161}));
+    EXPECT_EQ(colour(date(2024, 2, 29).number), std::nullopt);
+    EXPECT_EQ(colour(date(2024, 3, 7).number), (Rgb{239, 194, 161}));
 
     marks::ShiftMarkings shifts;
     shifts.items = {{date(2024, 3, 5).number, 2, marks::kind_a::kSick}};

@@ -40,10 +40,11 @@ PageRequest request(int year, int month, int columns, int model) {
 PageExtras sample_extras() {
     PageExtras e;
     e.has_notes = [](const calendar::Day& d) { return d.number % 9 == 0; };
-    e.marking_colour = [](calendar::DayNumber d) -> std::uint32_t {
-        if (d >= date(2024, 3, 4).number && d <= date(2024, 3, 10).number) return 0xA1C2EF;
-        if (d >= date(2024, 4, 22).number && d <= date(2024, 5, 3).number) return 0x60A060;
-        return 0;
+    e.marking_colour = [](calendar::DayNumber d) -> std::optional<Rgb> {
+        if (d >= date(2024, 3, 4).number && d <= date(2024, 3, 10).number)
+            return Rgb{239, 194, 161};
+        if (d >= date(2024, 4, 22).number && d <= date(2024, 5, 3).number) return Rgb{96, 160, 96};
+        return std::nullopt;
     };
     e.shift_marking = [](calendar::DayNumber d) -> std::optional<ShiftMark> {
         static const std::map<calendar::DayNumber, ShiftMark> marks{
