@@ -76,10 +76,15 @@ inline constexpr calendar::Rgb kBalanceHighColour{0, 160, 0};  // dark green, ab
 HoursBalance hours_balance(const ShiftMarkings& markings, const AccountState& state,
                            const PlanContext& plan, const Day& today);
 
-// The balance as shown: two decimals with "," in the decimal mode
-// ("  12,50"), hours and minutes with ":" in the other ("  12:30"), padded
-// with leading blanks to 7 characters. Minutes are rounded to whole minutes
-// first, so a balance never reads 7:60.
+// Hours as every text of the program writes them, whatever the locale: two
+// decimals with a decimal comma ("1982,76", "-0,50"), or in the
+// hours-and-minutes mode hours and minutes ("7:30"). The value is first
+// rounded, half away from zero, to hundredths or to whole minutes, so no
+// text reads "-0,00" or "7:60".
+std::string hours_text(double hours, int mode = hours_mode::kDecimal);
+
+// The balance as shown: hours_text padded with leading blanks to 7
+// characters ("  12,50", "  12:30").
 std::string format_balance(double hours, int mode);
 
 // On the first computation in a new year the reference date moves to

@@ -196,6 +196,18 @@ TEST(HoursAccount, BalanceTextAndColour) {
     EXPECT_EQ(format_balance(7.9999, 1), "   8:00");
 }
 
+// Every hours text of the program (balance, "Jahresstunden", the plan's
+// target hours) rounds the same way: exact binary halves away from zero.
+TEST(HoursAccount, HoursTextRoundsHalvesAwayFromZero) {
+    const std::tuple<double, int, const char*> cases[] = {
+        {1982.76f, 0, "1982,76"}, {2088.125, 0, "2088,13"}, {-2088.125, 0, "-2088,13"},
+        {0.005, 0, "0,01"},       {-0.004, 0, "0,00"},      {1e6, 0, "1000000,00"},
+        {7.5, 1, "7:30"},         {-0.5 / 60, 1, "-0:01"},  {59.5 / 60, 1, "1:00"},
+    };
+    for (const auto& [hours, mode, text] : cases)
+        EXPECT_EQ(hours_text(hours, mode), text) << hours;
+}
+
 TEST(VacationAccount, NewYearResetIsWrittenAtOnce) {
     test::TempDir dir;
     AccountState state = for_crew(0);
