@@ -11,6 +11,7 @@
 #include <optional>
 #include <vector>
 
+#include "astro/day_symbols.hpp"
 #include "calendar/dates.hpp"
 #include "calendar/vacation.hpp"
 #include "settings/settings.hpp"
@@ -60,15 +61,8 @@ struct DayRange {
 };
 DayRange page_days(const PageRequest& request);
 
-enum class MoonPhase : std::uint8_t { None, NewMoon, FirstQuarter, FullMoon, LastQuarter };
-
-// The sky symbols of a day.
-struct DaySky {
-    MoonPhase phase = MoonPhase::None;
-    bool solar_eclipse = false, lunar_eclipse = false;
-    bool perigee = false, apogee = false, perihelion = false, aphelion = false;
-    friend bool operator==(const DaySky&, const DaySky&) = default;
-};
+using astro::DaySymbols;
+using astro::MoonPhase;
 
 // A shift marking as stored: the column the user chose (1..4) and the
 // marking code of the model's kind.
@@ -86,7 +80,7 @@ struct PageExtras {
     std::function<std::optional<ShiftMark>(calendar::DayNumber)> shift_marking;
     // The sky of every day of a range, one entry per day from `first`;
     // asked once per page.
-    std::function<std::vector<DaySky>(calendar::DayNumber first, calendar::DayNumber last)> sky;
+    std::function<std::vector<DaySymbols>(calendar::DayNumber first, calendar::DayNumber last)> sky;
 };
 
 }  // namespace sk::view

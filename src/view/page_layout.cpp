@@ -242,7 +242,7 @@ private:
         layout.days.push_back(cell);
     }
 
-    void sky(double left, const Rect& row, const DaySky& s) {
+    void sky(double left, const Rect& row, const DaySymbols& s) {
         if (s.phase != MoonPhase::None) {
             const double r = std::min(0.3 * row.h, 0.6 * m_b.cell().width);
             const bool eclipse = (s.phase == MoonPhase::NewMoon && s.solar_eclipse) ||
@@ -347,7 +347,7 @@ private:
     std::array<CrewLook, 5> m_crews{};
     const PageExtras& m_extras;
     DayRange m_range;
-    std::vector<DaySky> m_sky;
+    std::vector<DaySymbols> m_sky;
     bool m_with_block = false;
     int m_free_level = 0;
     calendar::VacationBlock m_block{};

@@ -6,36 +6,15 @@
 
 namespace sk::view {
 
-DaySky day_sky(const astro::DaySymbols& s) {
-    DaySky sky;
-    switch (s.phase) {
-        case astro::MoonPhase::None: sky.phase = MoonPhase::None; break;
-        case astro::MoonPhase::NewMoon: sky.phase = MoonPhase::NewMoon; break;
-        case astro::MoonPhase::FirstQuarter: sky.phase = MoonPhase::FirstQuarter; break;
-        case astro::MoonPhase::FullMoon: sky.phase = MoonPhase::FullMoon; break;
-        case astro::MoonPhase::LastQuarter: sky.phase = MoonPhase::LastQuarter; break;
-    }
-    sky.solar_eclipse = s.solar_eclipse;
-    sky.lunar_eclipse = s.lunar_eclipse;
-    sky.perigee = s.perigee;
-    sky.apogee = s.apogee;
-    sky.perihelion = s.perihelion;
-    sky.aphelion = s.aphelion;
-    return sky;
-}
-
 decltype(PageExtras::sky) sky_source(const settings::Settings& settings) {
     struct Last {
         DayRange range;
-        std::vector<DaySky> sky;
+        std::vector<DaySymbols> sky;
     };
     auto last_page = std::make_shared<Last>();
     return [settings, last_page](calendar::DayNumber first, calendar::DayNumber last) {
         if (last_page->range.first == first && last_page->range.last == last) return last_page->sky;
-        const std::vector<astro::DaySymbols> symbols = astro::page_symbols(first, last, settings);
-        std::vector<DaySky> sky;
-        sky.reserve(symbols.size());
-        for (const astro::DaySymbols& s : symbols) sky.push_back(day_sky(s));
+        std::vector<DaySymbols> sky = astro::page_symbols(first, last, settings);
         *last_page = {{first, last}, sky};
         return sky;
     };

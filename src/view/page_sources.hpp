@@ -13,8 +13,6 @@
 
 namespace sk::view {
 
-DaySky day_sky(const astro::DaySymbols& symbols);
-
 // The moon phases, eclipses and apsides of a range of days, computed for the
 // whole range at once. The source keeps the last range it computed, so that
 // redrawing the same months (the cursor moved, a note was saved) does not

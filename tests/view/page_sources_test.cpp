@@ -14,25 +14,13 @@ namespace {
 
 using test::date;
 
-TEST(PageSources, SkySymbolsKeepTheirMeaning) {
-    using A = astro::MoonPhase;
-    for (const auto& [from, to] : {std::pair{A::None, MoonPhase::None}, {A::NewMoon, MoonPhase::NewMoon},
-                                  {A::FirstQuarter, MoonPhase::FirstQuarter}, {A::FullMoon, MoonPhase::FullMoon},
-                                  {A::LastQuarter, MoonPhase::LastQuarter}}) {
-        EXPECT_EQ(day_sky({.phase = from}).phase, to);
-    }
-    const DaySky sky = day_sky({.solar_eclipse = true, .perigee = true, .aphelion = true});
-    EXPECT_TRUE(sky.solar_eclipse && sky.perigee && sky.aphelion);
-    EXPECT_FALSE(sky.lunar_eclipse || sky.apogee || sky.perihelion);
-}
-
 // The source keeps the last range; another range must not get its sky.
 TEST(PageSources, SkyOfAnotherRangeIsComputedAnew) {
     const auto sky = sky_source(settings::Settings{});
     const calendar::DayNumber eclipse = date(2024, 4, 8).number;
-    const std::vector<DaySky> first = sky(eclipse - 10, eclipse + 10);
+    const std::vector<DaySymbols> first = sky(eclipse - 10, eclipse + 10);
     EXPECT_EQ(sky(eclipse - 10, eclipse + 10), first);
-    const std::vector<DaySky> shifted = sky(eclipse - 9, eclipse + 10);
+    const std::vector<DaySymbols> shifted = sky(eclipse - 9, eclipse + 10);
     ASSERT_EQ(shifted.size(), 20u);
     EXPECT_TRUE(shifted[9].solar_eclipse);
     EXPECT_EQ(sky(eclipse - 10, eclipse + 10), first);
