@@ -12,8 +12,8 @@
 
 #include "astro/day_symbols.hpp"
 #include "astro/moon_phases.hpp"
+#include "astro/place.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::astro {
 
@@ -31,20 +31,17 @@ struct DayEvents {
     int marker = 0;
     MoonPhase phase = MoonPhase::None;                  // the phase whose line falls on the day
     bool solar_eclipse = false, lunar_eclipse = false;  // an eclipse line was produced
-    // The stored twilight kind was outside 0..2: it was computed as civil
-    // twilight and the caller must store 0 in the settings.
-    bool twilight_reset = false;
 };
 
-DayEvents day_events(const calendar::Day& day, const settings::Settings& settings);
+DayEvents day_events(const calendar::Day& day, const Place& place);
 
 // "Dämmerung: 5:12 - 21:31, Sonne: 5:52 - 20:51, Mond: 13:40 - --:--, ..."
 std::string day_information(const DayEvents& events);
-std::string day_information(const calendar::Day& day, const settings::Settings& settings);
+std::string day_information(const calendar::Day& day, const Place& place);
 
 // The symbols of the days first..last (inclusive), one entry per day; empty
 // when last < first. The same values as day_events() gives day by day.
 std::vector<DaySymbols> page_symbols(calendar::DayNumber first, calendar::DayNumber last,
-                                     const settings::Settings& settings);
+                                     const Place& place);
 
 }  // namespace sk::astro

@@ -9,8 +9,8 @@
 
 #include "astro/day_symbols.hpp"
 #include "astro/instant_memo.hpp"
+#include "astro/place.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::astro {
 
@@ -105,7 +105,6 @@ struct MoonPhaseLine {
     MoonPhase phase = MoonPhase::None;
     int marker = 0;
 };
-MoonPhaseLine moon_phase_line(const calendar::Day& day, const settings::Settings& settings,
-                              InstantMemo& memo);
+MoonPhaseLine moon_phase_line(const calendar::Day& day, const Place& place, InstantMemo& memo);
 
 }  // namespace sk::astro

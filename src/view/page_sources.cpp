@@ -3,18 +3,19 @@
 #include <memory>
 
 #include "notes/notes_of_day.hpp"
+#include "settings/astro_place.hpp"
 
 namespace sk::view {
 
-decltype(PageExtras::sky) sky_source(const settings::Settings& settings) {
+decltype(PageExtras::sky) sky_source(const astro::Place& place) {
     struct Last {
         DayRange range;
         std::vector<DaySymbols> sky;
     };
     auto last_page = std::make_shared<Last>();
-    return [settings, last_page](calendar::DayNumber first, calendar::DayNumber last) {
+    return [place, last_page](calendar::DayNumber first, calendar::DayNumber last) {
         if (last_page->range.first == first && last_page->range.last == last) return last_page->sky;
-        std::vector<DaySymbols> sky = astro::page_symbols(first, last, settings);
+        std::vector<DaySymbols> sky = astro::page_symbols(first, last, place);
         *last_page = {{first, last}, sky};
         return sky;
     };
@@ -41,7 +42,7 @@ PageExtras page_extras(const settings::Settings& settings, const UserStores& sto
     extras.has_notes = notes_source(stores.notes);
     extras.marking_colour = marking_source(stores.calendar_markings);
     extras.shift_marking = shift_marking_source(stores.shift_markings);
-    extras.sky = sky_source(settings);
+    extras.sky = sky_source(settings::astro_place(settings));
     return extras;
 }
 

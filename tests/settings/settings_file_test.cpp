@@ -1,9 +1,11 @@
+#include "settings/settings_file.hpp"
+
 #include <gtest/gtest.h>
 
 #include <clocale>
 #include <cstdio>
 
-#include "settings/settings_file.hpp"
+#include "settings/astro_place.hpp"
 #include "test_support.hpp"
 
 namespace sk::settings {
@@ -134,6 +136,23 @@ TEST(SettingsFile, TimeZoneAndCoordinatesAreClamped) {
         const Settings s = parse_settings(c.text, kDefaults);
         EXPECT_EQ(s.time_zone, c.time_zone) << c.text;
         EXPECT_EQ(s.latitude, c.latitude) << c.text;
+    }
+}
+
+// The astronomy's place comes from the five keys of "[Astronomie]" as read.
+TEST(SettingsFile, AstroPlaceOfTheSettings) {
+    const Settings s = parse_settings(
+        "[Astronomie]\nBreite = 53.33\nLänge = -10.0\nZeitzone = 2.5\n"
+        "Sommerzeit automatisch = 0\nDämmerung = 2\n",
+        kDefaults);
+    EXPECT_EQ(astro_place(s),
+              (astro::Place{53.33, -10.0, 2.5, false, astro::Twilight::Astronomical}));
+    EXPECT_EQ(astro_place(kDefaults), (astro::Place{kDefaultLatitude, kDefaultLongitude, 1.0, true,
+                                                    astro::Twilight::Civil}));
+    Settings unrepaired = kDefaults;
+    for (const int kind : {-1, 3, 255}) {
+        unrepaired.twilight = kind;
+        EXPECT_EQ(astro_place(unrepaired).twilight, astro::Twilight::Civil) << kind;
     }
 }
 

@@ -1,12 +1,14 @@
 // The page's extras from the program's stores: the sky of the astronomy
 // library and the user's marking lists (the notes reach the page in the
 // render command's tests).
+#include "view/page_sources.hpp"
+
 #include <gtest/gtest.h>
 
 #include <utility>
 #include <vector>
 
-#include "view/page_sources.hpp"
+#include "settings/astro_place.hpp"
 #include "view_fixture.hpp"
 
 namespace sk::view {
@@ -16,7 +18,7 @@ using test::date;
 
 // The source keeps the last range; another range must not get its sky.
 TEST(PageSources, SkyOfAnotherRangeIsComputedAnew) {
-    const auto sky = sky_source(settings::Settings{});
+    const auto sky = sky_source(settings::astro_place(settings::Settings{}));
     const calendar::DayNumber eclipse = date(2024, 4, 8).number;
     const std::vector<DaySymbols> first = sky(eclipse - 10, eclipse + 10);
     EXPECT_EQ(sky(eclipse - 10, eclipse + 10), first);
