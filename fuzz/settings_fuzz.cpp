@@ -1,5 +1,7 @@
-// Any bytes as "Einstellungen.dat": the reader must not crash, and what it
-// reads must be in range and survive a write and a second read unchanged.
+// Any bytes as "Einstellungen.dat": the reader must not crash, what it reads
+// must be in range and already repaired, the writer must be able to store it
+// (every text read is ISO-8859-15), and a second read of the written file
+// must give it back unchanged.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
@@ -18,8 +20,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         !kFontSizes.contains(s.font_size) || !kLatitudes.contains(s.latitude) ||
         !kLongitudes.contains(s.longitude))
         std::abort();
-    if (const auto bytes = serialize_settings(s)) {
-        if (!(parse_settings(*bytes, defaults) == s)) std::abort();
-    }
+    Settings again = s;
+    normalize_settings(again, defaults);
+    if (!(again == s)) std::abort();
+    const auto bytes = serialize_settings(s);
+    if (!bytes || !(parse_settings(*bytes, defaults) == s)) std::abort();
     return 0;
 }

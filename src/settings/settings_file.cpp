@@ -98,6 +98,18 @@ std::string_view trim(std::string_view s) {
 // Values by folded group and key name, UTF-8; a later line wins.
 using Values = std::map<std::pair<std::u32string, std::u32string>, std::string>;
 
+// A line of the file as UTF-8. A line saved by a UTF-8 editor is taken as
+// such; a line of the file's own character set is almost never valid UTF-8.
+std::string line_text(std::string_view raw) {
+    for (const char b : raw) {
+        if (static_cast<unsigned char>(b) >= 0x80) {
+            if (files::decode_utf8(raw) && files::utf8_to_latin9(raw)) return std::string(raw);
+            break;
+        }
+    }
+    return files::latin9_to_utf8(raw);
+}
+
 Values parse_lines(std::string_view bytes) {
     Values values;
     std::u32string group;
@@ -105,15 +117,7 @@ Values parse_lines(std::string_view bytes) {
         const auto end = bytes.find('\n');
         std::string_view raw = bytes.substr(0, end);
         bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
-        // A line saved by a UTF-8 editor is taken as such; a line of the
-        // file's own character set is almost never valid UTF-8.
-        std::string line = files::latin9_to_utf8(raw);
-        for (const char b : raw) {
-            if (static_cast<unsigned char>(b) >= 0x80) {
-                if (files::decode_utf8(raw) && files::utf8_to_latin9(raw)) line = std::string(raw);
-                break;
-            }
-        }
+        const std::string line = line_text(raw);
         const std::string_view text = trim(line);
         if (text.empty() || text.front() == ';' || text.front() == '#') continue;
         if (text.front() == '[') {
@@ -158,6 +162,23 @@ std::string truncate_characters(const std::string& utf8, std::size_t max) {
     return utf8;
 }
 
+// A text value as a reading of the written file gives it back. It ends at a
+// NUL byte (no file name, font or place can hold one) or a line feed, is cut
+// to `max_characters` and loses the blanks around it, which reading trims.
+// Its ISO-8859-15 bytes can happen to form UTF-8 ("ÃŒ" is stored as C3 BC),
+// which the line rule then reads as UTF-8 ("ü"); the text is taken as that
+// reading gives it. Each such step shortens it, so this ends.
+std::string settled_text(const std::string& text, std::size_t max_characters) {
+    const std::string line = text.substr(0, text.find_first_of(std::string_view("\0\n", 2)));
+    std::string settled(trim(truncate_characters(line, max_characters)));
+    while (const auto stored = files::utf8_to_latin9(settled)) {
+        std::string again = line_text(*stored);
+        if (again == settled) break;
+        settled = std::move(again);
+    }
+    return settled;
+}
+
 }  // namespace
 
 Settings default_settings(const std::string& data_root) {
@@ -191,7 +212,12 @@ void normalize_settings(Settings& s, const Settings& defaults) {
         s.vacation_start_day = defaults.vacation_start_day;
     if (!kLatitudes.contains(s.latitude)) s.latitude = defaults.latitude;
     if (!kLongitudes.contains(s.longitude)) s.longitude = defaults.longitude;
-    s.place_name = truncate_characters(s.place_name, 50);
+    for (const Key& key : kKeys) {
+        if (key.kind != Kind::kString) continue;
+        const std::size_t max =
+            key.text == &Settings::place_name ? kMaxPlaceNameLength : std::string::npos;
+        s.*key.text = settled_text(s.*key.text, max);
+    }
 }
 
 Settings parse_settings(std::string_view bytes, const Settings& defaults) {

@@ -4,11 +4,20 @@
 
 #include <clocale>
 #include <cstdio>
+#include <filesystem>
+#include <ostream>
 
+#include "files/text_encoding.hpp"
 #include "settings/astro_place.hpp"
 #include "test_support.hpp"
 
 namespace sk::settings {
+
+// Failing expectations print the file a value would be written as.
+void PrintTo(const Settings& s, std::ostream* os) {
+    *os << serialize_settings(s).value_or("(nicht speicherbar)");
+}
+
 namespace {
 
 const Settings kDefaults = default_settings("/home/anna/SKDaten");
@@ -121,6 +130,56 @@ TEST(SettingsFile, OutOfRangeValuesAreRepaired) {
     for (int i = 0; i < 50; ++i) fifty += "ü";
     const std::string sixty(60, '\xFC');
     EXPECT_EQ(parse_settings("[Astronomie]\nOrtsname = " + sixty, kDefaults).place_name, fifty);
+}
+
+// Whatever the reader takes, the writer writes and the reader reads back
+// equal: texts are taken as a second reading would give them.
+TEST(SettingsFile, TextsReadAsTheWrittenFileReadsBack) {
+    const std::string x49(49, 'x');
+    const std::pair<std::string, std::string> cases[] = {
+        // "Ortsname = " + bytes, read as
+        {std::string("Ab\0cd", 5), "Ab"},                        // NUL ends the text
+        {std::string("Ab \0cd", 6), "Ab"},                       // ... and the blank before it goes
+        {x49 + " yz", x49},                                      // cut to 50, then trimmed
+        {x49.substr(1) + "\t\xFC", x49.substr(1) + "\t\u00FC"},  // a tab inside stays
+        {"\xC3\x83\xC5\x92", "\u00FC"},  // UTF-8 "ÃŒ", stored C3 BC = UTF-8 "ü"
+        {"\xC3\x83\xC2\xA9", "\u00E9"},  // "Ã©" becomes "é"
+        {"\xC3\x83\xC2\xA9 Caf\xC3\xA9",
+         "\u00C3\u00A9 Caf\u00E9"},              // stored "...Caf\xE9": no UTF-8
+        {"Reg\xE4ns\xE9", "Reg\u00E4ns\u00E9"},  // plain ISO-8859-15 stays
+        // Found by the fuzzer: the cut leaves a blank, with NUL and C1 bytes inside.
+        {"Reg" + std::string(35, '\x87') +
+             "enn\xAA"
+             "9\xF1\xFC\x7F" +
+             std::string(2, '\0') + "ng = 2",
+         files::latin9_to_utf8("Reg" + std::string(35, '\x87') +
+                               "enn\xAA"
+                               "9\xF1\xFC\x7F")},
+    };
+    for (const auto& [bytes, name] : cases) {
+        const Settings s = parse_settings("[Astronomie]\nOrtsname = " + bytes + "\n", kDefaults);
+        EXPECT_EQ(s.place_name, name) << bytes;
+        EXPECT_EQ(parse_settings(serialize_settings(s).value(), kDefaults), s) << bytes;
+    }
+    // Any of them set by the program (a dialog) is stored as it reads back.
+    for (const auto& [bytes, name] : cases) {
+        Settings s = kDefaults;
+        s.font_name = files::latin9_to_utf8(bytes);
+        normalize_settings(s, kDefaults);
+        EXPECT_EQ(parse_settings(serialize_settings(s).value(), kDefaults), s) << bytes;
+    }
+}
+
+// Every seed of the fuzz target reads, writes and reads back equal.
+TEST(SettingsFile, FuzzSeedsRoundTrip) {
+    const auto corpus = test::source_path("../fuzz/corpus/settings_fuzz");
+    int seeds = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(corpus)) {
+        const Settings s = parse_settings(test::read_bytes(entry.path()), kDefaults);
+        EXPECT_EQ(parse_settings(serialize_settings(s).value(), kDefaults), s) << entry.path();
+        ++seeds;
+    }
+    EXPECT_GE(seeds, 3);
 }
 
 TEST(SettingsFile, TimeZoneAndCoordinatesAreClamped) {
