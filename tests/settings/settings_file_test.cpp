@@ -136,6 +136,7 @@ TEST(SettingsFile, OutOfRangeValuesAreRepaired) {
 // equal: texts are taken as a second reading would give them.
 TEST(SettingsFile, TextsReadAsTheWrittenFileReadsBack) {
     const std::string x49(49, 'x');
+    const std::string fuzzed = "Reg" + std::string(35, '\x87') + "enn\xAA\x39\xF1\xFC\x7F";
     const std::pair<std::string, std::string> cases[] = {
         // "Ortsname = " + bytes, read as
         {std::string("Ab\0cd", 5), "Ab"},                        // NUL ends the text
@@ -148,13 +149,7 @@ TEST(SettingsFile, TextsReadAsTheWrittenFileReadsBack) {
          "\u00C3\u00A9 Caf\u00E9"},              // stored "...Caf\xE9": no UTF-8
         {"Reg\xE4ns\xE9", "Reg\u00E4ns\u00E9"},  // plain ISO-8859-15 stays
         // Found by the fuzzer: the cut leaves a blank, with NUL and C1 bytes inside.
-        {"Reg" + std::string(35, '\x87') +
-             "enn\xAA"
-             "9\xF1\xFC\x7F" +
-             std::string(2, '\0') + "ng = 2",
-         files::latin9_to_utf8("Reg" + std::string(35, '\x87') +
-                               "enn\xAA"
-                               "9\xF1\xFC\x7F")},
+        {fuzzed + std::string(2, '\0') + "ng = 2", files::latin9_to_utf8(fuzzed)},
     };
     for (const auto& [bytes, name] : cases) {
         const Settings s = parse_settings("[Astronomie]\nOrtsname = " + bytes + "\n", kDefaults);
