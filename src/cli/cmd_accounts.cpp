@@ -1,8 +1,5 @@
 // "schichtkalender accounts": the hours balance, the remaining vacation and
 // the "Jahresstunden" table of the user, as the main window shows them.
-#include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <ostream>
 #include <string>
 
@@ -34,32 +31,18 @@ constexpr std::string_view kUsage =
     "  --model N     Schichtkalender 0 bis 7 statt der Einstellung \"Schichtart\";\n"
     "                die Kalender 6 und 7 führen keine Konten\n";
 
-// Hours with two decimals and a decimal comma (1982,76), whatever the locale.
-std::string hours_cell(double hours) {
-    const long long cents = std::llround(hours * 100.0);
-    char buffer[48];
-    std::snprintf(buffer, sizeof buffer, "%s%lld,%02lld", cents < 0 ? "-" : "",
-                  std::llabs(cents) / 100, std::llabs(cents) % 100);
-    return buffer;
-}
-
 void print_yearly_hours(std::ostream& out, const marks::YearlyHours& table) {
     out << "Jahresstunden\t" << table.year << '\n';
-    if (table.crews == 0) return;
-    const auto crews = static_cast<std::size_t>(table.crews);
-    out << "Monat";
-    for (std::size_t c = 0; c < crews; ++c) out << '\t' << marks::kCrewHeadings[c];
+    const marks::YearlyHoursText text = marks::yearly_hours_text(table);
+    if (text.rows.empty()) return;
+    for (std::size_t i = 0; i < text.headings.size(); ++i)
+        out << (i ? "\t" : "") << text.headings[i];
     out << '\n';
-    for (std::size_t m = 0; m < 12; ++m) {
-        out << calendar::kMonthNames[m];
-        for (std::size_t c = 0; c < crews; ++c) out << '\t' << hours_cell(table.months[m][c]);
+    for (const auto& row : text.rows) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            out << (i ? "\t" : "") << row[i];
         out << '\n';
     }
-    out << "Summe";
-    for (std::size_t c = 0; c < crews; ++c) out << '\t' << hours_cell(table.sums[c]);
-    out << "\nSoll";
-    for (std::size_t c = 0; c < crews; ++c) out << '\t' << hours_cell(table.target);
-    out << '\n';
 }
 
 int run_accounts(const Args& args, std::ostream& out, std::ostream& err) {
