@@ -14,11 +14,26 @@ ReadOnlyList::ReadOnlyList(view::CellSize cell, const Glib::ustring& name,
     set_accessible_name(*this, name);
     set_enable_search(false);
     set_headers_clickable(false);
+    // Rows exactly one character cell high (the theme's minimum row height,
+    // the expander size, would make them taller even without expanders), so
+    // that the lists fit their windows in cells; headings in the text colour,
+    // as the theme greys headings that cannot be clicked.
+    const Glib::RefPtr<Gtk::CssProvider> rows = Gtk::CssProvider::create();
+    const Glib::RefPtr<Gtk::CssProvider> headings = Gtk::CssProvider::create();
+    try {
+        rows->load_from_data(
+            "treeview { -GtkTreeView-vertical-separator: 0; -GtkTreeView-expander-size: 0; }");
+        headings->load_from_data("button { color: @theme_fg_color; }");
+    } catch (const Glib::Error&) {
+        // The theme's spacing and colours stay.
+    }
+    get_style_context()->add_provider(rows, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
     get_selection()->set_mode(Gtk::SELECTION_BROWSE);
     for (int i = 0; i < m_column_count; ++i) {
         const ListColumn& c = columns[static_cast<std::size_t>(i)];
         auto* renderer = Gtk::manage(new Gtk::CellRendererText());
         renderer->property_ypad() = 0;
+        renderer->set_fixed_size(-1, cells_high(cell, 1));
         renderer->property_xalign() = c.right_aligned ? 1.0f : 0.0f;
         auto* column = Gtk::manage(new Gtk::TreeViewColumn(c.heading));
         column->pack_start(*renderer, true);
@@ -30,6 +45,9 @@ ReadOnlyList::ReadOnlyList(view::CellSize cell, const Glib::ustring& name,
         column->set_alignment(c.right_aligned ? 1.0f : 0.0f);
         column->set_resizable(false);
         append_column(*column);
+        if (Gtk::Widget* heading = column->get_button())
+            heading->get_style_context()->add_provider(headings,
+                                                       GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
     }
 }
 

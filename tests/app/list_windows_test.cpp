@@ -38,6 +38,20 @@ TEST(HolidayList, Year2024) {
     EXPECT_EQ(test::accessible_name(list), "Feiertage 2024");
 }
 
+// All 27 rows show without scrolling: the rows are one character cell high.
+TEST(HolidayList, RowsFitTheWindow) {
+    HolidayListWindow window(parent_window(), cell(), 2024);
+    window.show();
+    ASSERT_TRUE(test::wait_until([&] { return window.get_mapped(); }));
+    const Glib::RefPtr<Gtk::Adjustment> rows = window.get_list().get_vadjustment();
+    ASSERT_TRUE(test::wait_until([&] { return rows->get_upper() > 0; }));
+    EXPECT_LE(rows->get_upper(), rows->get_page_size());
+    Gdk::Rectangle area;
+    window.get_list().get_background_area(Gtk::TreePath("0"), *window.get_list().get_column(0),
+                                          area);
+    EXPECT_EQ(area.get_height(), cell().height);
+}
+
 TEST(SchoolHolidayList, Years) {
     struct Case {
         int year;
