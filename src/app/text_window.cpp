@@ -1,5 +1,8 @@
 #include "app/text_window.hpp"
 
+#include <algorithm>
+#include <vector>
+
 #include "app/ui_support.hpp"
 
 namespace sk::app {
@@ -21,6 +24,7 @@ TextWindow::TextWindow(Gtk::Window& parent, view::CellSize cell, const Glib::ust
     m_view.set_top_margin(cells_high(cell, 0.25));
     m_view.set_bottom_margin(cells_high(cell, 0.25));
     m_view.get_buffer()->place_cursor(m_view.get_buffer()->begin());
+    align_tables(cell);
     set_accessible_name(m_view, title);
 
     m_scroller.set_policy(Gtk::POLICY_AUTOMATIC, Gtk::POLICY_AUTOMATIC);
@@ -32,6 +36,57 @@ TextWindow::TextWindow(Gtk::Window& parent, view::CellSize cell, const Glib::ust
     box->pack_start(m_scroller, Gtk::PACK_EXPAND_WIDGET);
     show_all_children();
     m_view.grab_focus();
+}
+
+Glib::ustring line_text(const Glib::RefPtr<Gtk::TextBuffer>& buffer, int line) {
+    const Gtk::TextIter start = buffer->get_iter_at_line(line);
+    Gtk::TextIter end = start;
+    // On an empty line forward_to_line_end() would go on to the next line's end.
+    if (!end.ends_line()) end.forward_to_line_end();
+    return buffer->get_text(start, end);
+}
+
+// Each run of lines holding a tab gets tab stops of its own: every column
+// starts two cells after the widest text of the column before it.
+void TextWindow::align_tables(view::CellSize cell) {
+    const Glib::RefPtr<Gtk::TextBuffer> buffer = m_view.get_buffer();
+    const int gap = cells_wide(cell, 2);
+    int line = 0;
+    const int lines = buffer->get_line_count();
+    while (line < lines) {
+        auto has_tab = [&](int l) {
+            return line_text(buffer, l).find('\t') != Glib::ustring::npos;
+        };
+        if (!has_tab(line)) {
+            ++line;
+            continue;
+        }
+        const int first = line;
+        std::vector<int> widths;  // widest text per column, pixels
+        for (; line < lines && has_tab(line); ++line) {
+            const Glib::ustring text = line_text(buffer, line);
+            std::size_t from = 0;
+            for (std::size_t column = 0;; ++column) {
+                const std::size_t tab = text.find('\t', from);
+                if (tab == Glib::ustring::npos) break;
+                int width = 0, height = 0;
+                m_view.create_pango_layout(text.substr(from, tab - from))
+                    ->get_pixel_size(width, height);
+                if (widths.size() <= column) widths.push_back(0);
+                widths[column] = std::max(widths[column], width);
+                from = tab + 1;
+            }
+        }
+        Pango::TabArray stops(static_cast<int>(widths.size()), true);
+        int position = 0;
+        for (std::size_t column = 0; column < widths.size(); ++column) {
+            position += widths[column] + gap;
+            stops.set_tab(static_cast<int>(column), Pango::TAB_LEFT, position);
+        }
+        const Glib::RefPtr<Gtk::TextTag> tag = buffer->create_tag();
+        tag->property_tabs() = stops;
+        buffer->apply_tag(tag, buffer->get_iter_at_line(first), buffer->get_iter_at_line(line));
+    }
 }
 
 Glib::ustring TextWindow::get_text() const {

@@ -1,7 +1,8 @@
 // A read-only window of text: today's notes, the notes overview and the help
 // texts. Modal over its parent; Escape closes it. The text may use "\r\n"
 // line ends as the core gives them; it can be selected and copied but not
-// changed. Sizes are in character cells of the page font.
+// changed. Consecutive lines with tabs form a table whose columns are
+// aligned. Sizes are in character cells of the page font.
 //
 //     TextWindow window(main_window, cell, notes_title(today), text, TextWindow::kNotesSize);
 //     window.run();
@@ -25,7 +26,7 @@ class TextWindow : public Gtk::Dialog {
         double height;  // cells
     };
     static constexpr Size kNotesSize{64, 24};
-    static constexpr Size kHelpSize{104, 36};
+    static constexpr Size kHelpSize{112, 36};
 
     TextWindow(Gtk::Window& parent, view::CellSize cell, const Glib::ustring& title,
                std::string_view text, Size size);
@@ -35,9 +36,14 @@ class TextWindow : public Gtk::Dialog {
     Gtk::TextView& get_view() { return m_view; }
 
   private:
+    void align_tables(view::CellSize cell);
+
     Gtk::ScrolledWindow m_scroller;
     Gtk::TextView m_view;
 };
+
+// The text of one line of a buffer, without its line end.
+Glib::ustring line_text(const Glib::RefPtr<Gtk::TextBuffer>& buffer, int line);
 
 // Title of the window of a day's notes: "Notizen für den " and the date.
 Glib::ustring notes_title(const calendar::Day& day);

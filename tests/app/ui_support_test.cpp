@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <set>
+
+#include "app/help_texts.hpp"
 #include "app/text_window.hpp"
 #include "gui_support.hpp"
 
@@ -70,6 +73,40 @@ TEST(TextWindow, ShowsLinesReadOnly) {
         test::send_key(window, GDK_KEY_Escape);
     });
     EXPECT_EQ(window.get_text(), "Zahnarzt 8:00\n\nGeburtstag Anna");
+}
+
+// Every help text fits its window: no line wraps at the test font, and the
+// columns of the tables start at one place.
+TEST(TextWindow, HelpTextsShowWithoutWrapping) {
+    for (const HelpTopic topic : kHelpTopics) {
+        HelpWindow window(test::parent_window(), test::cell(), topic);
+        window.show();
+        ASSERT_TRUE(test::wait_until([&] { return window.get_mapped(); }));
+        Gtk::TextView& view = window.get_view();
+        const Glib::RefPtr<Gtk::TextBuffer> buffer = view.get_buffer();
+        ASSERT_TRUE(test::wait_until([&] { return view.get_allocated_width() > 1; }));
+        for (int line = 0; line < buffer->get_line_count(); ++line) {
+            Gtk::TextIter iter = buffer->get_iter_at_line(line);
+            if (iter.ends_line()) continue;
+            const bool wraps = view.forward_display_line(iter) && iter.get_line() == line;
+            EXPECT_FALSE(wraps) << help_text(topic).title << ": " << line_text(buffer, line);
+        }
+
+        // The x of the text after the first tab, line by line within a table.
+        std::set<int> columns;
+        for (int line = 0; line < buffer->get_line_count(); ++line) {
+            const Glib::ustring text = line_text(buffer, line);
+            const auto tab = text.find('\t');
+            if (tab == Glib::ustring::npos || tab == 0) continue;
+            Gdk::Rectangle place;
+            view.get_iter_location(buffer->get_iter_at_line_offset(line, static_cast<int>(tab) + 1),
+                                   place);
+            columns.insert(place.get_x());
+        }
+        if (topic == HelpTopic::Keys) {
+            EXPECT_EQ(columns.size(), 2u);  // the keys and the mouse
+        }
+    }
 }
 
 }  // namespace
