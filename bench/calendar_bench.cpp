@@ -8,7 +8,6 @@
 #include "calendar/shift_model.hpp"
 #include "calendar/vacation.hpp"
 #include "cli/days_table.hpp"
-#include "settings/settings_file.hpp"
 
 namespace {
 
@@ -47,7 +46,7 @@ BENCHMARK(BM_OneDay);
 void BM_DaysWholeRange(benchmark::State& state) {
     cli::DaysRequest request{calendar::Day::from_number(calendar::kFirstDay),
                              calendar::Day::from_number(calendar::kLastDay),
-                             static_cast<int>(state.range(0)), settings::default_settings("/tmp")};
+                             static_cast<int>(state.range(0))};
     for (auto _ : state) {
         std::ostringstream out;
         cli::write_days_table(out, request, {});

@@ -34,7 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const int model = size > 0 ? data[0] % 8 : 0;
     const int day = size > 1 ? (data[1] * 97) % 24684 : 0;
     const Day today = Day::from_number(day);
-    PlanContext plan = plan_context(sk::settings::Settings{}, model);
+    PlanContext plan{.model = model};
     plan.order = sk::calendar::rotate_order(plan.order, size > 2 ? data[2] : 0);
     const AccountTexts texts = account_texts(markings, state, plan, today);
     if (keeps_accounts(model) && (texts.hours.size() < 7 || texts.vacation.size() < 3)) std::abort();

@@ -6,14 +6,15 @@ set -euo pipefail
 packages=(
   cmake ninja-build g++ pkg-config
   libgtest-dev libgmock-dev libbenchmark-dev
-  libgtkmm-3.0-dev libcairo2-dev libpango1.0-dev
+  libgtkmm-3.0-dev libcairo2-dev libpango1.0-dev libical-dev tzdata python3-icalendar
   clang libclang-rt-14-dev
   xvfb xauth xdotool imagemagick
-  fonts-freefont-ttf fonts-dejavu-core
+  fonts-freefont-ttf fonts-dejavu-core locales
 )
 if [ "${1:-}" = "--runtime" ]; then
   packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev
-            libgtkmm-3.0-dev libcairo2-dev libpango1.0-dev fonts-freefont-ttf fonts-dejavu-core)
+            libgtkmm-3.0-dev libcairo2-dev libpango1.0-dev libical-dev tzdata
+            fonts-freefont-ttf fonts-dejavu-core)
 fi
 
 missing=()
@@ -22,13 +23,21 @@ for p in "${packages[@]}"; do
     missing+=("$p")
   fi
 done
-[ ${#missing[@]} -eq 0 ] && exit 0
 
-echo "Installiere fehlende Pakete: ${missing[*]}"
 sudo=""
 if [ "$(id -u)" -ne 0 ]; then sudo="sudo"; fi
-export DEBIAN_FRONTEND=noninteractive
-if ! $sudo apt-get install -y --no-install-recommends "${missing[@]}"; then
-  $sudo apt-get update
-  $sudo apt-get install -y --no-install-recommends "${missing[@]}"
+if [ ${#missing[@]} -gt 0 ]; then
+  echo "Installiere fehlende Pakete: ${missing[*]}"
+  export DEBIAN_FRONTEND=noninteractive
+  if ! $sudo apt-get install -y --no-install-recommends "${missing[@]}"; then
+    $sudo apt-get update
+    $sudo apt-get install -y --no-install-recommends "${missing[@]}"
+  fi
+fi
+
+# The tests check that a German locale (decimal comma) changes none of the
+# numbers the program writes; they need de_DE.UTF-8 to exist.
+if [ "${1:-}" != "--runtime" ] && ! locale -a 2>/dev/null | grep -qix 'de_DE\.utf-\?8'; then
+  echo "Erzeuge die Locale de_DE.UTF-8"
+  $sudo localedef -i de_DE -f UTF-8 de_DE.UTF-8
 fi

@@ -29,8 +29,12 @@ calendar::DayNumber event_rule_last_sunday(int year, int month_index) {
     return the_31st - w;
 }
 
-// 2:00 UT of a day as a Julian Date, compared with the half-day-shifted
-// scale of the event text as it stands.
+// 2:00 UT of day 0 (1 January 1970) as a Julian Date. The switch instants
+// built from it are compared with event_time_text's x = JD + zone + 0.5,
+// which runs half a day ahead, so for events summer time begins and ends at
+// 14:00 local standard time on the Saturday before the Sunday that
+// event_rule_last_sunday names. The event texts have always switched then
+// and keep doing so.
 constexpr double kEventSwitchOffset = 2440587.5833333335;
 constexpr double kOneHourInDays = 0.041666666666667;
 

@@ -42,7 +42,9 @@ constexpr int february_length(int year) { return is_leap_year(year) ? 29 : 28; }
 
 // Day number of a calendar date (proleptic Gregorian). A day of month past
 // the month's end simply runs on into the next month (31 April is 1 May), as
-// the date value of the original arithmetic does. month_index is 0..11.
+// a date value counted in seconds from year, month and day does; the date
+// entries and the settings "UrlaubStartMonat"/"UrlaubStartTag" rely on that.
+// month_index is 0..11.
 constexpr DayNumber day_number(int year, int month_index, int mday) {
     // Howard Hinnant's days_from_civil, with March as the first month of the
     // computational year so that February's length only affects year ends.

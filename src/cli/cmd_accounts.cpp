@@ -6,7 +6,6 @@
 #include "calendar/shift_model.hpp"
 #include "cli/commands.hpp"
 #include "marks/accounts.hpp"
-#include "marks/shift_markings.hpp"
 
 namespace sk::cli {
 
@@ -54,14 +53,14 @@ int run_accounts(const Args& args, std::ostream& out, std::ostream& err) {
         throw UsageError("der Kalender reicht vom 1970-01-01 bis zum 2037-07-31, nicht " +
                          calendar::format_iso_date(now));
     const auto model = options.integer("model", 0, calendar::kModelCount - 1);
-    const UserContext context = user_context(options, err);
-    const marks::PlanContext plan =
-        marks::plan_context(context.settings, model.value_or(context.settings.model));
+    session::Session session = open_user_session(options, err);
+    marks::PlanContext plan = session::plan_context(session);
+    if (model) plan.model = *model;
 
-    const std::filesystem::path dir = context.user_dir;
-    const marks::ShiftMarkings markings = marks::load_shift_markings(dir);
-    marks::AccountState state = marks::load_accounts(dir);
-    const marks::AccountTexts texts = marks::refresh_accounts(dir, markings, state, plan, now);
+    // The new-year reset of the vacation account is written at once, as at
+    // the window's start; nothing else is written.
+    const marks::AccountTexts texts = marks::refresh_accounts(
+        session.user_dir, session.shift_markings, session.accounts, plan, now);
 
     out << "Minus- und Plusstunden\t" << texts.hours << '\n';
     out << "Resturlaub\t" << texts.vacation << '\n';

@@ -56,10 +56,7 @@ std::string shift_digits(int model, DayNumber d, const calendar::VacationBlock* 
 }
 
 void write_days_table(std::ostream& out, const DaysRequest& request, const DayColumns& extra) {
-    const settings::Settings& s = request.settings;
-    const calendar::VacationOrder order = calendar::rotate_order(calendar::kVacationOrder, s.vacation_cycle);
-    const calendar::VacationStart earliest{s.vacation_start_month, s.vacation_start_day};
-    const bool with_block = s.vacation_block_shown != 0 && calendar::has_vacation_block(request.model);
+    const bool with_block = request.vacation_block && calendar::has_vacation_block(request.model);
 
     out << "date\tday\tweekday\tweek\tholiday\tnamed\tnameday\tschool\tshifts\tastro\tnotes\n";
     calendar::VacationBlock block{};
@@ -67,7 +64,8 @@ void write_days_table(std::ostream& out, const DaysRequest& request, const DayCo
     for (DayNumber d = request.from.number; d <= request.to.number; ++d) {
         const Day day = Day::from_number(d);
         if (with_block && block.year != day.year)
-            block = calendar::vacation_block(day.year, order, earliest);
+            block = calendar::vacation_block(day.year, request.vacation_order,
+                                             request.vacation_earliest);
         std::string_view holiday = calendar::statutory_fixed_holiday(day);
         if (holiday.empty()) holiday = calendar::statutory_easter_holiday(day);
 
@@ -139,11 +137,15 @@ int run_days(const Args& args, std::ostream& out, std::ostream& err) {
         throw UsageError("--from " + calendar::format_iso_date(from) + " liegt nach --to " +
                          calendar::format_iso_date(to));
     const auto model = options.integer("model", 0, 7);
-    UserContext context = user_context(options, err);
+    const session::Session session = open_user_session(options, err);
 
-    DaysRequest request{from, to, model.value_or(context.settings.model), context.settings};
-    DayColumns extra = day_columns(context, options, now);
-    write_days_table(out, request, extra);
+    const DaysRequest request{from,
+                              to,
+                              model.value_or(session.settings.model),
+                              session.settings.vacation_block_shown != 0,
+                              session.vacation_order,
+                              session.vacation_start};
+    write_days_table(out, request, day_columns(session));
     return out ? 0 : 1;
 }
 

@@ -8,9 +8,6 @@
 
 #include "calendar/shift_model.hpp"
 #include "cli/commands.hpp"
-#include "cli/notes_column.hpp"
-#include "marks/calendar_markings.hpp"
-#include "marks/shift_markings.hpp"
 #include "view/page_output.hpp"
 #include "view/page_sources.hpp"
 
@@ -100,23 +97,6 @@ view::FontSpec parse_font(const std::string& text) {
     return font;
 }
 
-// What the page draws from the user's directory (read only when a data
-// directory is given) and the sky.
-struct UserData {
-    std::shared_ptr<notes::NoteStore> notes = std::make_shared<notes::NoteStore>();
-    marks::CalendarMarkings calendar_markings;
-    marks::ShiftMarkings shift_markings;
-};
-
-UserData read_user_data(const UserContext& context, const Options& options) {
-    UserData data;
-    if (!context.data_dir_given) return data;
-    if (auto store = user_note_store(context, options)) data.notes = std::move(store);
-    data.calendar_markings = marks::load_calendar_markings(context.user_dir);
-    data.shift_markings = marks::load_shift_markings(context.user_dir);
-    return data;
-}
-
 int run_render(const Args& args, std::ostream& out, std::ostream& err) {
     const Options options(args, {"out", "month", "columns", "model", "cursor", "font", "paper",
                                  "data-dir", "user", "password", "today"});
@@ -146,20 +126,19 @@ int run_render(const Args& args, std::ostream& out, std::ostream& err) {
     const auto cursor = options.date("cursor");
     std::optional<view::FontSpec> font;
     if (const auto f = options.value("font")) font = parse_font(*f);
-    UserContext context = user_context(options, err);
+    // The page draws the user's notes and markings only when pointed at a
+    // data directory.
+    const session::Session session = open_user_session(options, err, UserData::OnlyWithDataDir);
 
-    settings::Settings s = context.settings;
-    if (columns) s.columns = *columns;
-    if (model) s.model = *model;
-    view::PageRequest request = view::page_request(s, first_month, cursor, now);
+    view::PageRequest request = view::page_request(session, first_month, cursor, now);
+    if (columns) request.columns = *columns;
+    if (model) request.model = *model;
     if (cursor && !view::page_days(request).contains(cursor->number))
         throw UsageError("der Cursor " + calendar::format_iso_date(*cursor) +
                          " liegt nicht auf der Seite");
 
-    const UserData data = read_user_data(context, options);
-    const view::PageExtras extras =
-        view::page_extras(s, {*data.notes, data.calendar_markings, data.shift_markings});
-    view::PageRenderer renderer(font.value_or(view::font_spec(s)));
+    const view::PageExtras extras = view::page_extras(session);
+    view::PageRenderer renderer(font.value_or(view::font_spec(session.settings)));
     const view::PageLayout layout = renderer.layout(request, extras);
     const bool written = pdf ? view::write_pdf(layout, *path, paper) : view::write_png(layout, *path);
     if (!written) {

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "settings/settings_file.hpp"
+#include "settings/text_encoding.hpp"
 #include "settings/users.hpp"
 
 namespace sk::cli {
@@ -14,7 +14,7 @@ namespace {
 
 std::vector<Command> build_commands() {
     return {days_command(), holidays_command(), school_holidays_command(), accounts_command(),
-            render_command()};
+            render_command(), ics_command(), csv_command(), next_command()};
 }
 
 }  // namespace
@@ -107,25 +107,31 @@ calendar::Day today(const Options& options) {
     return calendar::Day::from_date(local.tm_year + 1900, local.tm_mon, local.tm_mday);
 }
 
-UserContext user_context(const Options& options, std::ostream& err) {
-    UserContext context;
-    context.data_dir_given = options.value("data-dir").has_value();
-    context.data_root = options.value("data-dir").value_or(std::string(settings::kDefaultDataRoot));
-    if (context.data_root.empty()) throw UsageError("das Datenverzeichnis (--data-dir) ist leer");
-    context.user = options.value("user").value_or(std::string(settings::kDefaultUser));
-    if (const auto error = settings::user_name_error(context.user)) throw UsageError(*error);
-    context.user_dir = (std::filesystem::path(context.data_root) / context.user).string();
-    std::error_code ec;
-    const std::string root = std::filesystem::absolute(context.data_root, ec).lexically_normal().string();
-    context.settings = settings::default_settings(root);
-    if (context.data_dir_given) {
-        if (!std::filesystem::is_directory(context.user_dir, ec))
-            err << "schichtkalender: Hinweis: das Verzeichnis \"" << context.user_dir
-                      << "\" gibt es nicht; es gelten die Standardeinstellungen.\n";
-        context.settings = settings::read_settings_file(
-            std::filesystem::path(context.user_dir) / settings::kSettingsFileName, context.settings);
-    }
-    return context;
+session::Session open_user_session(const Options& options, std::ostream& err, UserData user_data) {
+    const auto data_dir = options.value("data-dir");
+    const std::string data_root = data_dir.value_or(std::string(settings::kDefaultDataRoot));
+    if (data_root.empty()) throw UsageError("das Datenverzeichnis (--data-dir) ist leer");
+    const std::string user = options.value("user").value_or(std::string(settings::kDefaultUser));
+    if (const auto error = settings::user_name_error(user)) throw UsageError(*error);
+    const std::string password = options.value("password").value_or("");
+    settings::EncodeError encode_error;
+    if (!settings::utf8_to_latin9(password, &encode_error))
+        throw UsageError("das Passwort (--password) ist nicht verwendbar: " + encode_error.message);
+
+    session::OpenRequest request;
+    request.data_root = data_root;
+    request.user = user;
+    request.password_utf8 = password;
+    request.mode = session::OpenMode::ReadOnly;
+    request.read_settings = data_dir.has_value();
+    request.read_user_data = data_dir.has_value() || user_data == UserData::WhereFound;
+    session::OpenResult opened = session::open_session(request);
+    if (!opened.session) throw UsageError(opened.error);
+    if (data_dir && !opened.session->user_dir_found)
+        err << "schichtkalender: Hinweis: das Verzeichnis \""
+            << (std::filesystem::path(data_root) / user).string()
+            << "\" gibt es nicht; es gelten die Standardeinstellungen.\n";
+    return std::move(*opened.session);
 }
 
 }  // namespace sk::cli

@@ -1,5 +1,5 @@
 // The table of headless commands and the pieces they share: the option
-// parser and the loading of a user's settings from a data directory.
+// parser and the read-only opening of a user's data.
 #pragma once
 
 #include <map>
@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
+#include "session/session.hpp"
 
 namespace sk::cli {
 
@@ -39,6 +39,9 @@ Command holidays_command();
 Command school_holidays_command();
 Command accounts_command();
 Command render_command();
+Command ics_command();
+Command csv_command();
+Command next_command();
 const Command* find_command(std::string_view name);
 
 // "--name value" or "--name=value" options and positional arguments. Every
@@ -66,17 +69,20 @@ private:
 // The day a command treats as today: --today or the system clock (local time).
 calendar::Day today(const Options& options);
 
-// The user's place: the data root (--data-dir, else "SKDaten" in the current
-// directory), the user (--user, else "Programm") and the settings read from
-// DIR/NAME/Einstellungen.dat when --data-dir is given, else the defaults.
-struct UserContext {
-    std::string data_root;
-    std::string user;
-    std::string user_dir;
-    bool data_dir_given = false;
-    settings::Settings settings;
-};
-UserContext user_context(const Options& options, std::ostream& err);
+// The user's data as a command sees them: the session opened read-only, so
+// nothing is created and nothing written. The data root is --data-dir, else
+// "SKDaten" in the current directory; the user --user, else "Programm"; the
+// password --password (as typed, used as its ISO-8859-15 bytes) for the
+// commands that take it. The settings come from DIR/NAME/Einstellungen.dat
+// only when --data-dir is given, otherwise they are the defaults, so that a
+// stray "SKDaten" in the current directory does not change the calendar;
+// with --data-dir naming no user directory a note goes to `err`. Notes,
+// markings and accounts are read from DIR/NAME whenever it exists, or, with
+// UserData::OnlyWithDataDir, only when --data-dir is given. A bad user name
+// or password is a UsageError.
+enum class UserData { WhereFound, OnlyWithDataDir };
+session::Session open_user_session(const Options& options, std::ostream& err,
+                                   UserData user_data = UserData::WhereFound);
 
 // Parses a whole number; nullopt unless the whole text is one.
 std::optional<long long> parse_integer(std::string_view text);

@@ -9,7 +9,7 @@
 #include "calendar/dates.hpp"
 #include "calendar/vacation.hpp"
 #include "cli/commands.hpp"
-#include "settings/settings.hpp"
+#include "session/session.hpp"
 
 namespace sk::cli {
 
@@ -17,7 +17,9 @@ struct DaysRequest {
     calendar::Day from;
     calendar::Day to;
     int model = 0;
-    settings::Settings settings;
+    bool vacation_block = true;  // "UrlaubBlockAnzeige"
+    calendar::VacationOrder vacation_order = calendar::kVacationOrder;
+    calendar::VacationStart vacation_earliest{};
 };
 
 // Producers of the columns that need more than the calendar: the sky and the
@@ -27,7 +29,10 @@ struct DayColumns {
     std::function<std::string(const calendar::Day&)> notes;
 };
 
-DayColumns day_columns(const UserContext& context, const Options& options, const calendar::Day& today);
+// The sky of the session's place and, when the user's directory exists, the
+// user's notes of each day joined on one line. The session must outlive the
+// columns.
+DayColumns day_columns(const session::Session& session);
 
 void write_days_table(std::ostream& out, const DaysRequest& request, const DayColumns& extra);
 

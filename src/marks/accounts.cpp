@@ -54,11 +54,6 @@ private:
 
 }  // namespace
 
-PlanContext plan_context(const settings::Settings& s, int model) {
-    return {model, calendar::rotate_order(calendar::kVacationOrder, s.vacation_cycle),
-            {s.vacation_start_month, s.vacation_start_day}, s.target_hours_38, s.target_hours_40};
-}
-
 bool is_paid_holiday(const Day& day, int shift) {
     switch ((day.month_index + 1) * 100 + day.mday) {
         case 101: case 106: case 501: case 815: case 1003: case 1225: case 1226:

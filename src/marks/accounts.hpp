@@ -21,7 +21,6 @@
 #include "calendar/vacation.hpp"
 #include "marks/account_files.hpp"
 #include "marks/shift_markings.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::marks {
 
@@ -29,7 +28,9 @@ using calendar::Day;
 
 // The shift plan the accounts are computed against. The vacation order and
 // earliest start come from the settings but the main window can change both
-// for the run (keys Y and F), so they are passed in rather than read.
+// for the run (keys Y and F), so they are passed in rather than read; the
+// session builds this from its own (session::plan_context). The defaults are
+// those of the default settings.
 struct PlanContext {
     int model = 0;
     calendar::VacationOrder order = calendar::kVacationOrder;
@@ -37,7 +38,6 @@ struct PlanContext {
     float target_hours_38 = 1982.76f;  // "Sollstunden_38", five-crew models
     float target_hours_40 = 2088.0f;   // "Sollstunden_40", the other models
 };
-PlanContext plan_context(const settings::Settings& settings, int model);
 
 // Models 0 to 5; the other models show empty account fields.
 constexpr bool keeps_accounts(int model) { return model >= 0 && model < 6; }

@@ -22,27 +22,30 @@ std::string make_private_directory(const std::filesystem::path& dir) {
 
 }  // namespace
 
-DirectoryResult ensure_user_directory(const std::filesystem::path& data_root,
+DirectoryResult locate_user_directory(const std::filesystem::path& data_root,
                                       const std::string& user) {
     DirectoryResult result;
     std::error_code ec;
     const auto root = std::filesystem::absolute(data_root, ec).lexically_normal();
-    if (ec) {
+    if (ec || data_root.empty()) {
         result.error = "Das Datenverzeichnis \"" + data_root.string() + "\" ist ungültig.";
         return result;
     }
+    result.path = root / user;
+    return result;
+}
+
+DirectoryResult ensure_user_directory(const std::filesystem::path& data_root,
+                                      const std::string& user) {
+    DirectoryResult result = locate_user_directory(data_root, user);
+    if (!result.ok()) return result;
+    const auto root = result.path.parent_path();
     // Parents of the root (for a --data-dir deep below) are created normally.
+    std::error_code ec;
     if (root.has_parent_path()) std::filesystem::create_directories(root.parent_path(), ec);
-    if (auto error = make_private_directory(root); !error.empty()) {
-        result.error = error;
-        return result;
+    for (const auto& dir : {root, result.path}) {
+        if (auto error = make_private_directory(dir); !error.empty()) return {{}, error};
     }
-    const auto dir = root / user;
-    if (auto error = make_private_directory(dir); !error.empty()) {
-        result.error = error;
-        return result;
-    }
-    result.path = dir;
     return result;
 }
 

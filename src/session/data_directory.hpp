@@ -15,6 +15,12 @@ struct DirectoryResult {
     bool ok() const { return error.empty(); }
 };
 
+// The user's directory below the data root as an absolute path, without
+// touching the disk. The user name must have passed
+// `settings::user_name_error`.
+DirectoryResult locate_user_directory(const std::filesystem::path& data_root,
+                                      const std::string& user);
+
 // Creates the data root and the user's directory (mode 0700) when missing and
 // returns the user's directory. An existing directory is used as it is. The
 // user name must have passed `settings::user_name_error`.

@@ -84,16 +84,14 @@ private:
     CellSize m_cell;
 };
 
-// The shift cells of one day: one procedure per kind of model.
-struct ShiftDay {
-    int crews = 0;
-    std::array<calendar::ShiftCode, 5> codes{};
-    std::array<CellKind, 5> kinds{};
-};
-ShiftDay shift_day(int model, calendar::DayNumber d, const calendar::VacationBlock* block);
+// The shift cells of one day (calendar/page_shifts.hpp).
+using calendar::ShiftDay;
+using calendar::shift_day;
 // The crew column in which a shift marking is drawn, or -1 when no crew of
 // the day has the marked shift.
-int marked_crew(int model, const ShiftDay& day, const ShiftMark& mark);
+inline int marked_crew(int model, const ShiftDay& day, const ShiftMark& mark) {
+    return calendar::marked_crew(model, day, mark.column);
+}
 
 // Parts of the page outside the month columns.
 struct PageFacts {

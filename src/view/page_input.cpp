@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "calendar/shift_model.hpp"
-
 namespace sk::view {
 
 DisplayOptions display_options(const settings::Settings& s) {
@@ -14,22 +12,6 @@ DisplayOptions display_options(const settings::Settings& s) {
     o.distances = s.perihelion_shown != 0;
     o.vacation_block = s.vacation_block_shown != 0;
     return o;
-}
-
-PageRequest page_request(const settings::Settings& s, const calendar::Day& first_month,
-                         std::optional<calendar::Day> cursor, const calendar::Day& today) {
-    PageRequest r;
-    r.first_year = first_month.year;
-    r.first_month_index = first_month.month_index;
-    r.columns = std::clamp(s.columns, 1, 23);
-    r.model = calendar::is_valid_model(s.model) ? s.model : 0;
-    r.cursor = cursor;
-    r.today = today;
-    r.options = display_options(s);
-    r.vacation_order = calendar::rotate_order(calendar::kVacationOrder, s.vacation_cycle);
-    r.vacation_earliest = {s.vacation_start_month, s.vacation_start_day};
-    r.target_hours = s.target_hours_38;
-    return r;
 }
 
 DayRange page_days(const PageRequest& r) {

@@ -45,12 +45,6 @@ struct PageRequest {
     float target_hours = 1982.76f;  // "Sollstunden" of the model-5 plan
 };
 
-// A request from the settings: columns, model, options, vacation block
-// (order rotated "UrlaubZyklus" times) and target hours; the page starts with
-// the month of `first_month`.
-PageRequest page_request(const settings::Settings& settings, const calendar::Day& first_month,
-                         std::optional<calendar::Day> cursor, const calendar::Day& today);
-
 // First and last day shown on the page.
 struct DayRange {
     calendar::DayNumber first = 0;

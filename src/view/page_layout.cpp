@@ -67,24 +67,9 @@ Rgb crew_colour(int crew) {
     return Rgb::from_value(calendar::kCrewColours[static_cast<std::size_t>(std::clamp(crew, 0, 4))]);
 }
 
-std::string crew_label(int model, int crew) {
-    if (calendar::is_four_crew_model(model)) return std::string(1, static_cast<char>('A' + crew));
-    return std::to_string(crew + 1);
-}
+std::string crew_label(int model, int crew) { return calendar::crew_label(model, crew); }
 
 // ---------------------------------------------------------------- letters
-
-std::string_view shift_letter(CellKind kind, calendar::ShiftCode code) {
-    switch (kind) {
-        case CellKind::Work:
-            return code == calendar::shift::kEarly ? "F" : code == calendar::shift::kLate ? "S" : "N";
-        case CellKind::Standby: return "V";
-        case CellKind::Vacation: return "U";
-        case CellKind::VacationOff: return "US";
-        case CellKind::Off: break;
-    }
-    return "";
-}
 
 std::string_view marking_letter(int model, int code) {
     return marks::code_letter(marks::marking_kind(model), code);
@@ -107,13 +92,14 @@ MonthOf month_of_column(const PageRequest& r, int column) {
 class DayRowBuilder {
 public:
     DayRowBuilder(PageBuilder& b, const PageRequest& request, const PageExtras& extras)
-        : m_b(b), m_request(request), m_extras(extras), m_range(page_days(request)) {
+        : m_b(b), m_request(request), m_extras(extras), m_range(page_days(request)),
+          m_shifts({request.model, request.options.vacation_block, request.vacation_order,
+                    request.vacation_earliest}) {
         const DisplayOptions& o = request.options;
         if (o.moon_phases && extras.sky) {
             m_sky = extras.sky(m_range.first, m_range.last);
             m_facts.sky = true;
         }
-        m_with_block = o.vacation_block && calendar::has_vacation_block(request.model);
         m_free_level = calendar::kShiftModels[static_cast<std::size_t>(request.model)].free_day_level;
         for (std::size_t c = 0; c < m_crews.size(); ++c) {
             const Rgb crew = crew_colour(static_cast<int>(c));
@@ -143,9 +129,6 @@ public:
                  palette::kText);
         headings(left);
 
-        if (m_with_block && m_block.year != m.year)
-            m_block = calendar::vacation_block(m.year, m_request.vacation_order,
-                                               m_request.vacation_earliest);
         for (int mday = 1; mday <= month.day_count; ++mday)
             day(index, left, Day::from_date(m.year, m.month_index, mday));
         if (m_request.model == 5) add_plan_school_holidays(m_b, left, m.year, m.month_index);
@@ -264,7 +247,7 @@ private:
 
     void shifts(double left, DayCell& cell) {
         const DayNumber d = cell.day.number;
-        const ShiftDay s = shift_day(m_request.model, d, m_with_block ? &m_block : nullptr);
+        const ShiftDay s = m_shifts.day(d);
         cell.crews = s.crews;
         int marked = -1;
         std::string_view mark_text;
@@ -347,21 +330,23 @@ private:
     const PageExtras& m_extras;
     DayRange m_range;
     std::vector<DaySky> m_sky;
-    bool m_with_block = false;
     int m_free_level = 0;
-    calendar::VacationBlock m_block{};
+    // The crews' cells with the vacation exchange of each day's year.
+    calendar::PageShifts m_shifts;
     PageFacts m_facts;
 };
 
 }  // namespace
 
-PageLayout layout_page(const PageRequest& request_in, const PageExtras& extras, TextShaper& shaper) {
+PageLayout layout_page(const PageRequest& request_in, const PageExtras& extras,
+                       std::shared_ptr<TextShaper> shaper_in) {
+    TextShaper& shaper = *shaper_in;
     PageRequest request = request_in;
     request.columns = std::clamp(request.columns, 1, g::kMaxColumns);
     if (!calendar::is_valid_model(request.model)) request.model = 0;
 
     PageLayout layout;
-    layout.shaper = &shaper;
+    layout.shaper = std::move(shaper_in);
     layout.cell = shaper.cell();
     const g::PixelSize size = g::page_pixel_size(layout.cell, request.columns);
     layout.width = size.width;
@@ -377,17 +362,6 @@ PageLayout layout_page(const PageRequest& request_in, const PageExtras& extras, 
     for (int c = 0; c < request.columns; ++c) rows.column(c);
     add_legend(b, request, rows.facts());
     return layout;
-}
-
-std::optional<Day> day_at(const PageLayout& layout, double x, double y) {
-    for (const MonthColumn& m : layout.months) {
-        if (!m.area.contains(x, y)) continue;
-        for (int i = 0; i < m.day_count; ++i) {
-            const DayCell& c = layout.days[static_cast<std::size_t>(m.first_day + i)];
-            if (c.row.contains(x, y)) return c.day;
-        }
-    }
-    return std::nullopt;
 }
 
 }  // namespace sk::view

@@ -6,11 +6,13 @@
 #pragma once
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "calendar/dates.hpp"
+#include "calendar/page_shifts.hpp"
 #include "calendar/shift_model.hpp"
 #include "view/colour.hpp"
 #include "view/page_input.hpp"
@@ -58,8 +60,9 @@ struct MoonItem {
 };
 
 // A text placed with the left end of its baseline at (x, y). `shaped` points
-// into the TextShaper that made the layout. A text too wide for its cell is
-// squeezed horizontally by `squeeze` (1 = as shaped).
+// into the cache of the layout's TextShaper, which the layout keeps alive. A
+// text too wide for its cell is squeezed horizontally by `squeeze` (1 = as
+// shaped).
 struct TextItem {
     std::string text;
     TextStyle style = TextStyle::Regular;
@@ -79,14 +82,8 @@ struct Overlay {
     double frame_width = 0;  // 0 = no frame
 };
 
-// How a crew's cell of a day looks.
-enum class CellKind : std::uint8_t {
-    Off,          // no shift: empty
-    Work,         // early, late or night shift: crew colour, F / S / N
-    Standby,      // standby week: framed in the crew colour, V
-    Vacation,     // block vacation: pale crew colour, U
-    VacationOff,  // day off within the block vacation: pale crew colour, US
-};
+// How a crew's cell of a day looks (calendar/page_shifts.hpp).
+using calendar::CellKind;
 
 struct ShiftCell {
     Rect rect;
@@ -120,7 +117,10 @@ struct MonthColumn {
 };
 
 struct PageLayout {
-    TextShaper* shaper = nullptr;  // the shaper of the texts, also used when painting
+    // The shaper of the texts, shared: the glyphs of `texts` and the stamps
+    // of the image painter live in it, so a layout stays paintable after its
+    // renderer has moved on to another font.
+    std::shared_ptr<TextShaper> shaper;
     CellSize cell;
     double width = 0, height = 0;  // pixels
     int columns = 0;
@@ -138,16 +138,14 @@ struct PageLayout {
     const std::vector<Box>& layer(Layer l) const { return boxes[static_cast<std::size_t>(l)]; }
 };
 
-// Lays out a page. `shaper` must hold the page font of the request's model
-// (font_for_model) and must outlive the layout.
-PageLayout layout_page(const PageRequest& request, const PageExtras& extras, TextShaper& shaper);
-
-// The day whose row holds the point (pixels), for clicks on the page.
-std::optional<calendar::Day> day_at(const PageLayout& layout, double x, double y);
+// Lays out a page. `shaper` (not null) must hold the page font of the
+// request's model (font_for_model); the layout keeps a share of it.
+PageLayout layout_page(const PageRequest& request, const PageExtras& extras,
+                       std::shared_ptr<TextShaper> shaper);
 
 // The letters of the shift cells, and of the shift markings (those of the
 // marking list: X F U L K A, and Fr Sp Na for the shifts of models 6 and 7).
-std::string_view shift_letter(CellKind kind, calendar::ShiftCode code);
+using calendar::shift_letter;
 std::string_view marking_letter(int model, int code);
 
 }  // namespace sk::view

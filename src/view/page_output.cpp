@@ -18,10 +18,10 @@ void PageRenderer::set_font(FontSpec font) {
     m_plan.reset();
 }
 
-TextShaper& PageRenderer::shaper(int model) {
-    std::unique_ptr<TextShaper>& slot = model == 5 ? m_plan : m_page;
-    if (!slot) slot = std::make_unique<TextShaper>(font_for_model(m_font, model));
-    return *slot;
+const std::shared_ptr<TextShaper>& PageRenderer::shaper(int model) {
+    std::shared_ptr<TextShaper>& slot = model == 5 ? m_plan : m_page;
+    if (!slot) slot = std::make_shared<TextShaper>(font_for_model(m_font, model));
+    return slot;
 }
 
 PageLayout PageRenderer::layout(const PageRequest& request, const PageExtras& extras) {

@@ -19,19 +19,20 @@ public:
     explicit PageRenderer(FontSpec font);
 
     const FontSpec& font() const { return m_font; }
-    // A new page font; drops the shaped texts of the old one.
+    // A new page font: later layouts use new shapers. Layouts made before
+    // keep the old shapers alive and still paint in the old font.
     void set_font(FontSpec font);
     // The shaper of a model's page (the plan font for model 5).
-    TextShaper& shaper(int model);
+    const std::shared_ptr<TextShaper>& shaper(int model);
     // The character cell of the page font, for window sizes and the font check.
-    CellSize cell() { return shaper(0).cell(); }
+    CellSize cell() { return shaper(0)->cell(); }
 
     PageLayout layout(const PageRequest& request, const PageExtras& extras);
 
 private:
     FontSpec m_font;
-    std::unique_ptr<TextShaper> m_page;
-    std::unique_ptr<TextShaper> m_plan;
+    std::shared_ptr<TextShaper> m_page;
+    std::shared_ptr<TextShaper> m_plan;
 };
 
 // The page painted into a new RGB image surface of the page's size times

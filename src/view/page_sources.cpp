@@ -1,10 +1,29 @@
 #include "view/page_sources.hpp"
 
+#include <algorithm>
 #include <memory>
 
+#include "calendar/shift_model.hpp"
 #include "notes/notes_of_day.hpp"
 
 namespace sk::view {
+
+PageRequest page_request(const session::Session& session, const calendar::Day& first_month,
+                         std::optional<calendar::Day> cursor, const calendar::Day& today) {
+    const settings::Settings& s = session.settings;
+    PageRequest r;
+    r.first_year = first_month.year;
+    r.first_month_index = first_month.month_index;
+    r.columns = std::clamp(s.columns, 1, 23);
+    r.model = calendar::is_valid_model(s.model) ? s.model : 0;
+    r.cursor = cursor;
+    r.today = today;
+    r.options = display_options(s);
+    r.vacation_order = session.vacation_order;
+    r.vacation_earliest = session.vacation_start;
+    r.target_hours = s.target_hours_38;
+    return r;
+}
 
 DaySky day_sky(const astro::DaySymbols& s) {
     DaySky sky;
@@ -66,6 +85,11 @@ PageExtras page_extras(const settings::Settings& settings, const UserStores& sto
     extras.shift_marking = shift_marking_source(stores.shift_markings);
     extras.sky = sky_source(settings);
     return extras;
+}
+
+PageExtras page_extras(const session::Session& session) {
+    return page_extras(session.settings,
+                       {session.notes, session.calendar_markings, session.shift_markings});
 }
 
 }  // namespace sk::view

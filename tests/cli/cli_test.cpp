@@ -99,6 +99,24 @@ TEST(Cli, DaysShowsTheNotesOfEachDayOnOneLine) {
                                                ""}));
 }
 
+// Commands only read: in a directory without "SKDaten" they create nothing,
+// also when --data-dir names a user without a directory (a note says the
+// defaults apply). The page goes to another directory.
+TEST(Cli, CommandsCreateNoDirectory) {
+    test::TempDir dir, out;
+    const std::string page = "render --out '" + (out / "seite.png").string() + "'";
+    for (const std::string& command :
+         {std::string("days --from 2024-01-01 --to 2024-01-02"), std::string("accounts"), page}) {
+        for (const char* data : {"", " --data-dir SKDaten --user Anna"}) {
+            const auto r = test::run_command("cd '" + dir.path().string() + "' && '" +
+                                             test::program() + "' " + command + data);
+            EXPECT_EQ(r.status, 0) << command << data << "\n" << r.err;
+            EXPECT_TRUE(std::filesystem::is_empty(dir.path())) << command << data;
+            EXPECT_EQ(r.err.find("Hinweis") != std::string::npos, *data != 0) << r.err;
+        }
+    }
+}
+
 TEST(Cli, HelpForTheProgramAndACommand) {
     EXPECT_NE(run_ok("--help").find("school-holidays"), std::string::npos);
     EXPECT_EQ(run_ok("holidays --help").rfind("Aufruf: schichtkalender holidays", 0), 0u);

@@ -20,7 +20,7 @@ using calendar::is_working;
 
 const Day kToday = Day::from_date(2024, 11, 31);
 const DayNumber kJan1 = day_number(2024, 0, 1);
-const PlanContext kPlan = plan_context(settings::Settings{}, 1);
+const PlanContext kPlan{.model = 1};
 
 calendar::ShiftCode code_of(int crew, DayNumber d) {
     return calendar::crew_shifts(kPlan.model, d).code[static_cast<std::size_t>(crew)];
@@ -170,7 +170,7 @@ TEST(HoursAccount, VacationBlockAsMinusHours) {
         state.hours.block_as_minus = true;
         EXPECT_GT(expected, 100);
         EXPECT_EQ(hours_balance({}, state, kPlan, kToday).hours, -expected) << "crew " << crew;
-        EXPECT_EQ(hours_change({}, state, plan_context({}, 2), kToday).block_minus, 0);
+        EXPECT_EQ(hours_change({}, state, PlanContext{.model = 2}, kToday).block_minus, 0);
     }
 }
 
@@ -207,7 +207,8 @@ TEST(VacationAccount, NewYearResetIsWrittenAtOnce) {
     EXPECT_EQ(refresh_accounts(dir.path(), {}, state, kPlan, kToday).vacation, " 25");
     // Models 6 and 7 keep no accounts: empty texts, no reset.
     state.vacation = {0, 5};
-    const AccountTexts none = refresh_accounts(dir.path(), {}, state, plan_context({}, 7), kToday);
+    const AccountTexts none =
+        refresh_accounts(dir.path(), {}, state, PlanContext{.model = 7}, kToday);
     EXPECT_EQ(none.hours + none.vacation, "");
     EXPECT_EQ(state.vacation.reference_date, 0);
     EXPECT_FALSE(std::filesystem::exists(dir / "Urlaubstage.dat"));
@@ -250,7 +251,7 @@ TEST(YearlyHours, TableValues) {
     // 7 standby days, three Sundays among them (176 + 12). Model 2, crew 0 in
     // January: 21 working days of 8.5 hours.
     const YearlyHours five = yearly_hours(kPlan, 2024);
-    const YearlyHours three = yearly_hours(plan_context({}, 2), 2024);
+    const YearlyHours three = yearly_hours(PlanContext{.model = 2}, 2024);
     EXPECT_EQ(std::tuple(five.crews, five.months[0][0], five.months[5][0], five.target),
               std::tuple(5, 168.0, 188.0, double{1982.76f}));
     EXPECT_EQ(std::tuple(three.crews, three.months[0][0], three.target), std::tuple(3, 178.5, 2088.0));
@@ -261,7 +262,7 @@ TEST(YearlyHours, TableValues) {
             EXPECT_EQ(table->sums[c], sum);
             EXPECT_NEAR(sum, table->target, table->target * 0.05);
         }
-    EXPECT_EQ(yearly_hours(plan_context({}, 6), 2024).crews, 0);
+    EXPECT_EQ(yearly_hours(PlanContext{.model = 6}, 2024).crews, 0);
 }
 
 TEST(YearlyHours, TableText) {

@@ -7,6 +7,8 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <map>
+#include <tuple>
 
 #include "session/data_directory.hpp"
 #include "session/exit_signals.hpp"
@@ -17,6 +19,8 @@ namespace sk::session {
 namespace {
 
 using calendar::day_number;
+
+constexpr OpenMode kReadOnly = OpenMode::ReadOnly;
 
 mode_t mode_of(const std::filesystem::path& p) {
     struct stat st {};
@@ -48,7 +52,7 @@ TEST(ExitSignals, TerminationArrivesAsAnEvent) {
 TEST(Session, FirstStartCreatesTheUserAndUsesDefaults) {
     test::TempDir dir;
     const auto root = dir / "deep" / "SKDaten";
-    StartResult r = start_session(root, "Anna Maier", "");
+    OpenResult r = open_session({.data_root = root, .user = "Anna Maier"});
     ASSERT_TRUE(r.session) << r.error;
     EXPECT_TRUE(r.messages.empty());
     const Session& s = *r.session;
@@ -63,14 +67,15 @@ TEST(Session, FirstStartCreatesTheUserAndUsesDefaults) {
 TEST(Session, RefusesBadNamesPasswordsAndDirectories) {
     test::TempDir dir;
     for (const char* user : {"", "..", "a/b", "tab\there"})
-        EXPECT_FALSE(start_session(dir / "SKDaten", user, "").session) << user;
-    const StartResult r = start_session(dir / "SKDaten", "Anna", "Schnee☃");
+        EXPECT_FALSE(open_session({.data_root = dir / "SKDaten", .user = user}).session) << user;
+    const OpenResult r =
+        open_session({.data_root = dir / "SKDaten", .user = "Anna", .password_utf8 = "Schnee☃"});
     EXPECT_FALSE(r.session);
     EXPECT_NE(r.error.find("U+2603"), std::string::npos) << r.error;
     EXPECT_FALSE(std::filesystem::exists(dir / "SKDaten" / "a"));
     // A file in the place of the data directory.
     test::write_bytes(dir / "Datei", "");
-    const StartResult file = start_session(dir / "Datei", "Anna", "");
+    const OpenResult file = open_session({.data_root = dir / "Datei", .user = "Anna"});
     EXPECT_NE(file.error.find("kein Verzeichnis"), std::string::npos) << file.error;
 }
 
@@ -84,7 +89,7 @@ TEST(Session, LoadsWhatTheUserKeeps) {
     test::write_bytes(user_dir / "20240215.txt", "Zahnarzt");
     test::write_bytes(user_dir / "Kalendermarkierung.dat",
                       std::string("\x10\x4d\x00\x00\x17\x4d\x00\x00\xff\x00\x00\x00", 12));
-    StartResult r = start_session(dir / "SKDaten", "Anna", "");
+    OpenResult r = open_session({.data_root = dir / "SKDaten", .user = "Anna"});
     ASSERT_TRUE(r.session) << r.error;
     const Session& s = *r.session;
     EXPECT_EQ(s.settings.model, 4);
@@ -95,13 +100,62 @@ TEST(Session, LoadsWhatTheUserKeeps) {
     EXPECT_EQ(s.calendar_markings.items[0].colour, 255);
 }
 
+// Every entry of a directory tree with its bytes, to see that nothing changed.
+std::map<std::string, std::string> tree(const std::filesystem::path& root) {
+    std::map<std::string, std::string> files;
+    for (const auto& e : std::filesystem::recursive_directory_iterator(root))
+        files[e.path().string()] = e.is_directory() ? "<dir>" : test::read_bytes(e.path());
+    return files;
+}
+
+// A command opens the user's data read-only: it reads what the window reads
+// and leaves the disk as it was, even when asked to save; a user without a
+// directory gets the defaults, and nothing is created for it.
+TEST(Session, ReadOnlyReadsLikeTheWindowAndWritesNothing) {
+    test::TempDir dir;
+    const auto user_dir = dir / "SKDaten" / "Anna";
+    std::filesystem::create_directories(user_dir);
+    test::write_bytes(
+        user_dir / "Einstellungen.dat",
+        "[Programmeinstellungen]\nUrlaubZyklus = 2\nAnwenderverzeichnis = /media/x\n");
+    test::write_bytes(user_dir / "20240215.txt", "Zahnarzt");
+    test::write_bytes(user_dir / "Urlaubstage.dat", std::string("\x10\x4d\0\0\x05\0\0\0", 8));
+    const auto before = tree(dir.path());
+
+    OpenResult window = open_session({.data_root = dir / "SKDaten", .user = "Anna"});
+    OpenResult command =
+        open_session({.data_root = dir / "SKDaten", .user = "Anna", .mode = kReadOnly});
+    ASSERT_TRUE(window.session && command.session) << window.error << command.error;
+    Session& c = *command.session;
+    const Session& w = *window.session;
+    EXPECT_EQ(command.messages, window.messages);  // the missing external directory
+    EXPECT_EQ(std::tie(c.settings, c.vacation_order, c.accounts),
+              std::tie(w.settings, w.vacation_order, w.accounts));
+    EXPECT_EQ(c.vacation_order[0], (std::array<int, 5>{2, 3, 4, 0, 1}));
+    EXPECT_EQ(c.accounts.vacation.days, 5);
+    EXPECT_EQ(c.notes.index().daily, (std::vector<std::int32_t>{20240215}));
+    c.shift_markings.changed = true;
+    EXPECT_TRUE(save_on_exit(c).empty());
+
+    OpenRequest unread{.data_root = dir / "SKDaten", .user = "Anna", .mode = kReadOnly};
+    unread.read_settings = unread.read_user_data = false;
+    const OpenResult bare = open_session(unread);
+    EXPECT_EQ(bare.session->settings, settings::default_settings((dir / "SKDaten").string()));
+    EXPECT_TRUE(bare.session->notes.index().daily.empty());
+
+    const OpenResult missing = open_session({.data_root = dir / "Neu", .mode = kReadOnly});
+    EXPECT_FALSE(missing.session->user_dir_found);
+    EXPECT_EQ(missing.session->settings, settings::default_settings((dir / "Neu").string()));
+    EXPECT_EQ(tree(dir.path()), before);
+}
+
 TEST(Session, MissingExternalDirectoryIsReportedAndReset) {
     test::TempDir dir;
     const auto settings_file = dir / "SKDaten" / "Programm" / "Einstellungen.dat";
     std::filesystem::create_directories(settings_file.parent_path());
     test::write_bytes(settings_file,
                       "[Programmeinstellungen]\nAnwenderverzeichnis = /media/stick/SKDaten\n");
-    StartResult r = start_session(dir / "SKDaten", "Programm", "");
+    OpenResult r = open_session({.data_root = dir / "SKDaten"});
     ASSERT_TRUE(r.session);
     EXPECT_EQ(r.messages, std::vector<std::string>{"Das externe Programmverzeichnis "
                                                    "'/media/stick/SKDaten' wurde nicht gefunden!"});
@@ -115,7 +169,7 @@ TEST(Session, MissingExternalDirectoryIsReportedAndReset) {
 
 TEST(Session, SaveOnExitWritesChangedMarkingsAndAlwaysTheSettings) {
     test::TempDir dir;
-    StartResult r = start_session(dir / "SKDaten", "Programm", "");
+    OpenResult r = open_session({.data_root = dir / "SKDaten"});
     ASSERT_TRUE(r.session);
     Session& s = *r.session;
     const auto marking_file = s.user_dir / "Schichtmarkierung.dat";
@@ -141,7 +195,7 @@ TEST(Session, TerminationSignalStillSavesTheMarkings) {
     ASSERT_GE(child, 0);
     if (child == 0) {
         ExitSignalWatch watch;
-        StartResult r = start_session(dir / "SKDaten", "Programm", "");
+        OpenResult r = open_session({.data_root = dir / "SKDaten"});
         if (!r.session || watch.fd() < 0) _exit(3);
         marks::apply_marking(r.session->shift_markings, day_number(2024, 4, 6), 2,
                              marks::kind_a::kVacation, 0);

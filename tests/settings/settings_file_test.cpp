@@ -139,17 +139,28 @@ TEST(SettingsFile, TimeZoneAndCoordinatesAreClamped) {
     }
 }
 
-// The file uses a point whatever the user's locale says.
+// The file uses a point whatever the user's locale says: under de_DE.UTF-8
+// (made by tools/ensure-packages.sh) printf writes "1,5", the settings file
+// must still hold "1.5" and read it back.
 TEST(SettingsFile, FullPrecisionIgnoresLocale) {
     for (const double v : {1.5, 0.1, -12.06, 1e-300, 2088.0, 123456789.125}) {
         char expected[128];
         std::snprintf(expected, sizeof expected, "%.64g", v);
         EXPECT_EQ(format_full_precision(v), expected);
     }
-    if (std::setlocale(LC_NUMERIC, "de_DE.UTF-8")) {
-        EXPECT_EQ(format_full_precision(1.5), "1.5");
-        std::setlocale(LC_NUMERIC, "C");
-    }
+    ASSERT_NE(std::setlocale(LC_NUMERIC, "de_DE.UTF-8"), nullptr)
+        << "the locale de_DE.UTF-8 is missing; tools/ensure-packages.sh generates it";
+    char comma[8];
+    std::snprintf(comma, sizeof comma, "%.1f", 1.5);
+    const std::string german = comma;
+    const std::string written = format_full_precision(1.5);
+    const std::string file = serialize_settings(kDefaults).value();
+    const double zone = parse_settings("[Astronomie]\nZeitzone = 5.75\n", kDefaults).time_zone;
+    std::setlocale(LC_NUMERIC, "C");
+    EXPECT_EQ(german, "1,5");  // the locale does what it must to make the test count
+    EXPECT_EQ(written, "1.5");
+    EXPECT_EQ(file, kDefaultFile);
+    EXPECT_EQ(zone, 5.75);
 }
 
 // A full disk, simulated by a file size limit in a child process: the write

@@ -3,6 +3,7 @@
 // with SK_UPDATE_GOLDEN=1 and look at the new files before committing them.
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <tuple>
 
 #include "view/page_painter.hpp"
@@ -74,6 +75,23 @@ TEST(Painters, ImageAndCairoPaintersAgree) {
         cairo_paint(cr.get());
     }
     EXPECT_EQ(test::compare_images(grouped.get(), fast.get(), 8).differing, 0);
+}
+
+// A layout keeps the shaper its texts were shaped with: after its renderer
+// has changed the font, and after the renderer is gone, the page (and a copy)
+// still paints as before. Under the sanitizers a glyph or stamp of a
+// destroyed shaper would be reported here.
+TEST(Painters, LayoutOutlivesAFontChange) {
+    std::optional<PageRenderer> renderer(std::in_place, test::test_font());
+    const PageLayout page = renderer->layout(every_extra(), test::sample_extras());
+    renderer->set_font({"FreeSans", 12, 1});
+    EXPECT_GT(renderer->layout(every_extra(), {}).cell.height, page.cell.height);
+    const PageLayout copy = page;
+    renderer.reset();
+    for (const PageLayout* layout : {&page, &copy}) {
+        const std::string problem = test::check_golden("extras_notes_markings_moon", *layout);
+        EXPECT_TRUE(problem.empty()) << problem;
+    }
 }
 
 }  // namespace

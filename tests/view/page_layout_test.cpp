@@ -291,13 +291,6 @@ TEST_F(PageLayoutTest, TodayAndCursor) {
     EXPECT_EQ(layout(r).overlays.size(), 1u);
 }
 
-TEST_F(PageLayoutTest, DayAtFindsTheRowUnderThePoint) {
-    const PageLayout l = layout(test::request(2024, 2, 6, 3));
-    for (const DayCell& d : l.days) EXPECT_EQ(day_at(l, d.row.x + d.row.w / 2, d.row.y + d.row.h / 2), d.day);
-    EXPECT_FALSE(day_at(l, 1, 1));
-    EXPECT_FALSE(day_at(l, l.width - 2, l.height - 2));
-}
-
 // The plan names the school holidays of its months, those of the school
 // year that crosses the turn of the year too.
 TEST_F(PageLayoutTest, PlanNamesTheHolidaysOfItsMonths) {
