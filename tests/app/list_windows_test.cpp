@@ -81,7 +81,7 @@ TEST(YearlyHoursWindow, FiveAndThreeCrewsAndNone) {
     for (const auto& c :
          {Case{1, 6, {"Januar", "168,00"}}, Case{2, 4, {"Januar", "178,50"}}, Case{7, 0, {}}}) {
         const marks::YearlyHours table =
-            marks::yearly_hours(marks::plan_context({}, c.model), 2024);
+            marks::yearly_hours(marks::PlanContext{.model = c.model}, 2024);
         YearlyHoursWindow window(parent_window(), cell(), table);
         ReadOnlyList* list = window.get_list();
         if (c.columns == 0) {

@@ -267,7 +267,7 @@ TEST(YearlyHours, TableValues) {
 
 TEST(YearlyHours, TableText) {
     const YearlyHoursText five = yearly_hours_text(yearly_hours(kPlan, 2024));
-    const YearlyHoursText three = yearly_hours_text(yearly_hours(plan_context({}, 2), 2024));
+    const YearlyHoursText three = yearly_hours_text(yearly_hours(PlanContext{.model = 2}, 2024));
     EXPECT_EQ(five.headings,
               (std::vector<std::string>{"Monat", "Rot", "Blau", "Gelb", "Grün", "Braun"}));
     EXPECT_EQ(three.headings.back(), "Gelb");
@@ -280,7 +280,7 @@ TEST(YearlyHours, TableText) {
                                                        "1982,76", "1982,76"}));
     for (const auto& row : five.rows)
         EXPECT_EQ(row.size(), five.headings.size());
-    EXPECT_TRUE(yearly_hours_text(yearly_hours(plan_context({}, 7), 2024)).rows.empty());
+    EXPECT_TRUE(yearly_hours_text(yearly_hours(PlanContext{.model = 7}, 2024)).rows.empty());
     struct Case {
         double hours;
         const char* text;
