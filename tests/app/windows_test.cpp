@@ -117,9 +117,9 @@ TEST(Windows, SizeFollowsThePageFont) {
     for (const Case& c : cases()) {
         int width[2] = {}, height[2] = {};
         for (int i = 0; i < 2; ++i) {
-            const view::FontSpec& spec = i == 0 ? small_font : large_font;
-            font.apply(spec);
-            Opened opened = c.open(view::TextShaper(spec).cell());
+            const view::FontSpec& chosen = i == 0 ? small_font : large_font;
+            font.apply(chosen);
+            Opened opened = c.open(view::TextShaper(chosen).cell());
             Gtk::Dialog& d = *opened.dialog;
             d.show();
             ASSERT_TRUE(test::wait_until([&] { return d.get_mapped(); })) << c.title;
