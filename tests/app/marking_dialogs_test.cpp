@@ -390,9 +390,27 @@ std::size_t open_windows() {
     return count;
 }
 
+// The number the next signal handler connected anywhere will get (they are
+// counted up across all objects).
+gulong next_handler_id() {
+    GObject* probe = G_OBJECT(parent_window().gobj());
+    const gulong id = g_signal_connect(probe, "notify", G_CALLBACK(+[] {}), nullptr);
+    g_signal_handler_disconnect(probe, id);
+    return id + 1;
+}
+
+// Handlers connected to the parent window from `from` on that are still there.
+int handlers_left_on_parent(gulong from) {
+    int left = 0;
+    for (gulong id = from, end = next_handler_id(); id < end; ++id)
+        if (g_signal_handler_is_connected(parent_window().gobj(), id)) ++left;
+    return left;
+}
+
 TEST(MarkingDialogs, EscapeWritesNothingAndLeavesNothingBehind) {
     parent_window();
     const std::size_t windows_before = open_windows();
+    const gulong first_handler = next_handler_id();
     struct Case {
         const char* title;
         std::function<bool(session::Session&)> open;
@@ -429,6 +447,7 @@ TEST(MarkingDialogs, EscapeWritesNothingAndLeavesNothingBehind) {
     }
     test::wait_until([&] { return open_windows() == windows_before; }, 2);
     EXPECT_EQ(open_windows(), windows_before);
+    EXPECT_EQ(handlers_left_on_parent(first_handler), 0);
 }
 
 }  // namespace
