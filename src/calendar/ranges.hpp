@@ -39,5 +39,9 @@ inline constexpr Range<double> kLongitudes{-180.0, 180.0};
 // ("UrlaubStartMonat", "UrlaubStartTag").
 inline constexpr Range<int> kVacationStartMonths{1, 12};
 inline constexpr Range<int> kVacationStartDays{1, 31};
+// Years a yearly note may count from ("Beginn der Zählung mit dem Jahr").
+inline constexpr Range<int> kCountingYears{1900, 2100};
+// Repeat of a periodic note in days, as its editor offers it.
+inline constexpr Range<int> kRepeatIntervals{1, 365};
 
 }  // namespace sk::calendar
