@@ -3,7 +3,8 @@
 // zurück", "Lösche Text" and "Lösche Notiz", the length limit, Ctrl+S, the
 // question on Escape, and for the periodic and weekday-in-month editors the
 // paging between the notes of the day (" < ", " > ", "Eintrag k von
-// insgesamt n"), after which comes room for a new note.
+// insgesamt n", also Alt+Left and Alt+Right), after which comes room for a
+// new note.
 //
 // The editor writes nothing itself. Every save (on "Speichern", "Lösche
 // Notiz", a "Ja" on leaving or paging) is asked of the caller through

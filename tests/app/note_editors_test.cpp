@@ -260,11 +260,14 @@ TEST_F(NoteEditorTest, PagingTwoPeriodicNotesOfADay) {
         send_key(editor, GDK_KEY_Left, GDK_MOD1_MASK);
         labels.push_back(editor.get_entry_text());
         EXPECT_FALSE(editor.get_previous_button().is_sensitive());
+        send_key(editor, GDK_KEY_Right, GDK_MOD1_MASK);
+        labels.push_back(editor.get_entry_text());
         send_key(editor, GDK_KEY_Escape);
     });
     EXPECT_EQ(labels, (std::vector<Glib::ustring>{
                           "Eintrag 1 von insgesamt 2", "Eintrag 2 von insgesamt 2", "Neuer Eintrag",
-                          "Eintrag 2 von insgesamt 2", "Eintrag 1 von insgesamt 2"}));
+                          "Eintrag 2 von insgesamt 2", "Eintrag 1 von insgesamt 2",
+                          "Eintrag 2 von insgesamt 2"}));
     std::sort(seen.begin(), seen.end() - 1);  // the notes come in directory order
     EXPECT_EQ(seen, (std::vector<std::string>{"Papiertonne alle 14", "Sport alle 7", " alle 7"}));
 }
