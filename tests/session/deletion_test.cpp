@@ -73,19 +73,6 @@ class DeletionTest : public ::testing::Test {
     Session s;
 };
 
-TEST_F(DeletionTest, NothingTickedDeletesNothing) {
-    const std::set<std::string> before = files_in(dir.path());
-    const std::string shifts = test::read_bytes(dir / marks::kShiftMarkingsFile);
-    DeletionChoice nothing;
-    nothing.up_to = calendar::kLastDay;
-    EXPECT_FALSE(nothing.any());
-    EXPECT_TRUE(delete_up_to(s, nothing).empty());
-    EXPECT_EQ(files_in(dir.path()), before);
-    EXPECT_EQ(test::read_bytes(dir / marks::kShiftMarkingsFile), shifts);
-    EXPECT_EQ(s.shift_markings.items.size(), 3u);
-    EXPECT_EQ(s.calendar_markings.items.size(), 2u);
-}
-
 TEST_F(DeletionTest, EachBoxDeletesItsKind) {
     const std::string later_daily = daily_name(kDay.number + 1);
     struct Case {
