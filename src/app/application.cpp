@@ -110,7 +110,8 @@ bool Program::start(const ProgramOptions& options) {
     }
     const calendar::Day today = options.today.value_or(system_today());
     m_state = std::make_unique<AppState>(std::move(*opened.session), today);
-    m_state->screen = [w = m_window.get()] { return work_area(*w); };
+    m_state->screen = options.screen;
+    if (!m_state->screen) m_state->screen = [w = m_window.get()] { return work_area(*w); };
     m_window->set_title(start_title(m_state->session.user));
     m_commands = std::make_unique<CommandDispatcher>(*m_window, *m_state);
 

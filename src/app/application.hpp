@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "app/app_state.hpp"
 #include "calendar/dates.hpp"
 
 namespace sk::app {
@@ -21,6 +22,8 @@ int run(int argc, char** argv);
 struct ProgramOptions {
     std::optional<calendar::Day> today;
     std::filesystem::path data_root;
+    // The screen the page must fit; empty: the work area of the window's monitor.
+    std::function<std::optional<ScreenSize>()> screen;
 };
 // The program's own options, taken out of `args` (GTK's and unknown ones
 // stay); a German message as error for a bad value.
@@ -36,7 +39,6 @@ calendar::Day system_today();
 
 class MainWindow;
 class CommandDispatcher;
-struct AppState;
 
 // One window of the program on a session: made by `start` in the order of
 // the start-up (window, data, page fitted to the screen, status lines,
