@@ -27,7 +27,8 @@ std::optional<ScreenSize> work_area(Gtk::Window& window) {
     const Glib::RefPtr<Gdk::Display> display = Gdk::Display::get_default();
     if (!display) return std::nullopt;
     Glib::RefPtr<Gdk::Monitor> monitor;
-    if (const auto gdk_window = window.get_window()) monitor = display->get_monitor_at_window(gdk_window);
+    if (const auto gdk_window = window.get_window())
+        monitor = display->get_monitor_at_window(gdk_window);
     if (!monitor) monitor = display->get_primary_monitor();
     if (!monitor && display->get_n_monitors() > 0) monitor = display->get_monitor(0);
     if (!monitor) return std::nullopt;
@@ -77,7 +78,8 @@ ParsedOptions parse_options(const std::vector<std::string>& args) {
         if (name == "--today") {
             const auto day = calendar::parse_iso_date(value);
             if (!day) {
-                parsed.error = "\"" + value + "\" ist kein gültiges Datum für --today (erwartet JJJJ-MM-TT)";
+                parsed.error =
+                    "\"" + value + "\" ist kein gültiges Datum für --today (erwartet JJJJ-MM-TT)";
                 return parsed;
             }
             parsed.options.today = *day;
@@ -131,7 +133,8 @@ bool Program::start(const ProgramOptions& options) {
     CommandDispatcher& c = *m_commands;
     w.signal_command().connect([&c](Command command) { c.run(command); });
     w.page_view().signal_page_clicked().connect([&c](double x, double y) { c.click(x, y); });
-    w.page_view().signal_page_double_clicked().connect([&c](double x, double y) { c.double_click(x, y); });
+    w.page_view().signal_page_double_clicked().connect(
+        [&c](double x, double y) { c.double_click(x, y); });
     w.page_view().signal_page_scrolled().connect([&c](int direction) { c.scroll(direction); });
     w.status_lines().signal_hours_clicked().connect([&c] { c.open_hours(); });
 
@@ -139,7 +142,8 @@ bool Program::start(const ProgramOptions& options) {
     c.changed(CommandDispatcher::kControls | CommandDispatcher::kPage | CommandDispatcher::kStatus |
               CommandDispatcher::kSize);
     w.show();
-    for (const std::string& message : opened.messages) show_error(&w, message);
+    for (const std::string& message : opened.messages)
+        show_error(&w, message);
     c.show_todays_notes();
     if (font_too_large) show_error(&w, std::string(CommandDispatcher::kStartFontTooLarge));
     return true;
@@ -157,7 +161,8 @@ int run(int argc, char** argv) {
     session::ExitSignalWatch signals;
 
     std::vector<char*> gtk_args{argv[0]};
-    for (std::string& a : parsed.rest) gtk_args.push_back(a.data());
+    for (std::string& a : parsed.rest)
+        gtk_args.push_back(a.data());
     int gtk_argc = static_cast<int>(gtk_args.size());
     char** gtk_argv = gtk_args.data();
     if (!gtk_init_check(&gtk_argc, &gtk_argv)) {
@@ -192,7 +197,8 @@ int run(int argc, char** argv) {
                 std::string line, rss;
                 while (std::getline(status_file, line))
                     if (line.rfind("VmRSS:", 0) == 0) rss = line;
-                std::cerr << "erste Seite " << std::chrono::duration_cast<std::chrono::microseconds>(now).count()
+                std::cerr << "erste Seite "
+                          << std::chrono::duration_cast<std::chrono::microseconds>(now).count()
                           << " us; " << rss << '\n';
                 Glib::signal_idle().connect_once([&] { program.commands().run(Command::Quit); });
             });
@@ -205,7 +211,8 @@ int run(int argc, char** argv) {
                 if (started && status == 0) {
                     // Closes any dialog first, without its result, then saves.
                     for (Gtk::Window* window : Gtk::Window::list_toplevels())
-                        if (auto* dialog = dynamic_cast<Gtk::Dialog*>(window); dialog && dialog->get_visible())
+                        if (auto* dialog = dynamic_cast<Gtk::Dialog*>(window);
+                            dialog && dialog->get_visible())
                             dialog->response(Gtk::RESPONSE_DELETE_EVENT);
                     program.commands().quit(false);
                 }

@@ -45,7 +45,7 @@ class CommandDispatcher;
 // today, page, today's notes, the message on a font too large, the block
 // button). Tests make one on a directory of their own.
 class Program {
-public:
+  public:
     Program();
     ~Program();
     Program(const Program&) = delete;
@@ -58,7 +58,7 @@ public:
     CommandDispatcher& commands() { return *m_commands; }
     AppState& state() { return *m_state; }
 
-private:
+  private:
     std::unique_ptr<AppState> m_state;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<CommandDispatcher> m_commands;

@@ -104,29 +104,47 @@ constexpr std::array kButtons = {
 
 std::optional<PageCommand> page_command(Command c) {
     switch (c) {
-    case Command::YearBack: return PageCommand::YearBack;
-    case Command::MonthBack: return PageCommand::MonthBack;
-    case Command::MonthForward: return PageCommand::MonthForward;
-    case Command::YearForward: return PageCommand::YearForward;
-    case Command::PageBack: return PageCommand::PageBack;
-    case Command::PageForward: return PageCommand::PageForward;
-    case Command::CursorLeft: return PageCommand::CursorLeft;
-    case Command::CursorRight: return PageCommand::CursorRight;
-    case Command::CursorUp: return PageCommand::CursorUp;
-    case Command::CursorDown: return PageCommand::CursorDown;
-    default: return std::nullopt;
+        case Command::YearBack:
+            return PageCommand::YearBack;
+        case Command::MonthBack:
+            return PageCommand::MonthBack;
+        case Command::MonthForward:
+            return PageCommand::MonthForward;
+        case Command::YearForward:
+            return PageCommand::YearForward;
+        case Command::PageBack:
+            return PageCommand::PageBack;
+        case Command::PageForward:
+            return PageCommand::PageForward;
+        case Command::CursorLeft:
+            return PageCommand::CursorLeft;
+        case Command::CursorRight:
+            return PageCommand::CursorRight;
+        case Command::CursorUp:
+            return PageCommand::CursorUp;
+        case Command::CursorDown:
+            return PageCommand::CursorDown;
+        default:
+            return std::nullopt;
     }
 }
 
 std::optional<char> model_letter(Command c) {
     switch (c) {
-    case Command::ModelN: return 'n';
-    case Command::ModelM: return 'm';
-    case Command::ModelB: return 'b';
-    case Command::ModelV: return 'v';
-    case Command::ModelC: return 'c';
-    case Command::ModelX: return 'x';
-    default: return std::nullopt;
+        case Command::ModelN:
+            return 'n';
+        case Command::ModelM:
+            return 'm';
+        case Command::ModelB:
+            return 'b';
+        case Command::ModelV:
+            return 'v';
+        case Command::ModelC:
+            return 'c';
+        case Command::ModelX:
+            return 'x';
+        default:
+            return std::nullopt;
     }
 }
 
@@ -142,11 +160,16 @@ Pango::FontDescription pango_font(const view::FontSpec& font) {
 
 }  // namespace
 
-std::span<const KeyBinding> key_bindings() { return kKeys; }
-std::span<const ButtonSpec> button_specs() { return kButtons; }
+std::span<const KeyBinding> key_bindings() {
+    return kKeys;
+}
+std::span<const ButtonSpec> button_specs() {
+    return kButtons;
+}
 
 std::optional<Command> command_for_key(guint keyval, GdkModifierType state) {
-    if (state & (GDK_CONTROL_MASK | GDK_MOD1_MASK | GDK_SUPER_MASK | GDK_META_MASK)) return std::nullopt;
+    if (state & (GDK_CONTROL_MASK | GDK_MOD1_MASK | GDK_SUPER_MASK | GDK_META_MASK))
+        return std::nullopt;
     const guint key = gdk_keyval_to_lower(keyval);
     for (const KeyBinding& binding : kKeys)
         if (binding.keyval == key) return binding.command;
@@ -163,8 +186,12 @@ std::string login_title(std::string_view user) {
 CommandDispatcher::CommandDispatcher(MainWindow& window, AppState& state)
     : m_window(window), m_state(state), m_extras(view::page_extras(state.session)) {}
 
-Gtk::Window& CommandDispatcher::window() { return m_window; }
-view::CellSize CommandDispatcher::cell() { return m_state.renderer.cell(); }
+Gtk::Window& CommandDispatcher::window() {
+    return m_window;
+}
+view::CellSize CommandDispatcher::cell() {
+    return m_state.renderer.cell();
+}
 
 bool CommandDispatcher::page_fits(int columns, view::CellSize c) const {
     const std::optional<ScreenSize> screen = m_state.screen ? m_state.screen() : std::nullopt;
@@ -173,37 +200,59 @@ bool CommandDispatcher::page_fits(int columns, view::CellSize c) const {
 
 void CommandDispatcher::run(Command command) {
     if (m_quit) return;
-    if (const auto page = page_command(command)) return set_page(calendar::apply(m_state.page, *page));
+    if (const auto page = page_command(command))
+        return set_page(calendar::apply(m_state.page, *page));
     if (const auto letter = model_letter(command)) return switch_model(*letter);
     switch (command) {
-    case Command::Quit: return quit(true);
-    case Command::Today: return set_page(calendar::go_to_today(m_state.page, m_state.today));
-    case Command::MoreColumns: return change_columns(1);
-    case Command::FewerColumns: return change_columns(-1);
-    case Command::DateEntry: return enter_date();
-    case Command::VacationStart: return enter_vacation_start();
-    case Command::NotesOverview: return show_notes_overview();
-    case Command::Font: return choose_font();
-    case Command::BackgroundColour: return choose_background();
-    case Command::Clipboard: return copy_to_clipboard();
-    case Command::ProgMenu: return prog_menu();
-    case Command::InfoMenu: return info_menu();
-    case Command::ModelChooser: return choose_model();
-    case Command::RotateVacationOrder:
-        session::rotate_vacation_order(m_state.session);
-        return changed(kPage | kStatus);
-    case Command::BlockToggle:
-        if (!calendar::offers_block_toggle(m_state.page.model)) return;
-        m_state.session.settings.vacation_block_shown = m_state.session.settings.vacation_block_shown ? 0 : 1;
-        return changed(kPage | kStatus);
-    case Command::MarkEarly: return open_shift_marking(m_state.page.cursor, 1);
-    case Command::MarkLate: return open_shift_marking(m_state.page.cursor, 2);
-    case Command::MarkNight: return open_shift_marking(m_state.page.cursor, 3);
-    case Command::MarkStandby: return open_shift_marking(m_state.page.cursor, 4);
-    case Command::Hours: return open_hours();
-    case Command::ProgramInfo:
-    case Command::ProgInfoText: return show_help(command);
-    default: return later(command);
+        case Command::Quit:
+            return quit(true);
+        case Command::Today:
+            return set_page(calendar::go_to_today(m_state.page, m_state.today));
+        case Command::MoreColumns:
+            return change_columns(1);
+        case Command::FewerColumns:
+            return change_columns(-1);
+        case Command::DateEntry:
+            return enter_date();
+        case Command::VacationStart:
+            return enter_vacation_start();
+        case Command::NotesOverview:
+            return show_notes_overview();
+        case Command::Font:
+            return choose_font();
+        case Command::BackgroundColour:
+            return choose_background();
+        case Command::Clipboard:
+            return copy_to_clipboard();
+        case Command::ProgMenu:
+            return prog_menu();
+        case Command::InfoMenu:
+            return info_menu();
+        case Command::ModelChooser:
+            return choose_model();
+        case Command::RotateVacationOrder:
+            session::rotate_vacation_order(m_state.session);
+            return changed(kPage | kStatus);
+        case Command::BlockToggle:
+            if (!calendar::offers_block_toggle(m_state.page.model)) return;
+            m_state.session.settings.vacation_block_shown =
+                m_state.session.settings.vacation_block_shown ? 0 : 1;
+            return changed(kPage | kStatus);
+        case Command::MarkEarly:
+            return open_shift_marking(m_state.page.cursor, 1);
+        case Command::MarkLate:
+            return open_shift_marking(m_state.page.cursor, 2);
+        case Command::MarkNight:
+            return open_shift_marking(m_state.page.cursor, 3);
+        case Command::MarkStandby:
+            return open_shift_marking(m_state.page.cursor, 4);
+        case Command::Hours:
+            return open_hours();
+        case Command::ProgramInfo:
+        case Command::ProgInfoText:
+            return show_help(command);
+        default:
+            return later(command);
     }
 }
 
@@ -242,8 +291,9 @@ void CommandDispatcher::changed(unsigned what) {
     if (what & kTitle) m_window.set_title(login_title(m_state.session.user));
     if (what & kPage) {
         const calendar::PageState& p = m_state.page;
-        const view::PageRequest request = view::page_request(
-            m_state.session, calendar::Day::from_date(p.year, p.month_index, 1), p.cursor, m_state.today);
+        const view::PageRequest request =
+            view::page_request(m_state.session, calendar::Day::from_date(p.year, p.month_index, 1),
+                               p.cursor, m_state.today);
         view::PageLayout layout = m_state.renderer.layout(request, m_extras);
         layout.background = m_state.background;
         m_window.page_view().show_page(std::move(layout));
@@ -252,7 +302,8 @@ void CommandDispatcher::changed(unsigned what) {
     if (what & (kStatus | kPage))
         m_window.status_lines().show_texts(
             view::status_texts(m_state.session, m_state.page.cursor, m_state.today));
-    if (what & (kSize | kControls)) m_window.fit_to_page(m_state.screen ? m_state.screen() : std::nullopt);
+    if (what & (kSize | kControls))
+        m_window.fit_to_page(m_state.screen ? m_state.screen() : std::nullopt);
 }
 
 void CommandDispatcher::change_columns(int delta) {
@@ -298,8 +349,9 @@ void CommandDispatcher::copy_to_clipboard() {
     if (!layout) return;
     const view::SurfacePtr image = view::render_image(*layout, 1.0);
     if (!image) return;
-    GdkPixbuf* pixbuf = gdk_pixbuf_get_from_surface(image.get(), 0, 0, cairo_image_surface_get_width(image.get()),
-                                                    cairo_image_surface_get_height(image.get()));
+    GdkPixbuf* pixbuf =
+        gdk_pixbuf_get_from_surface(image.get(), 0, 0, cairo_image_surface_get_width(image.get()),
+                                    cairo_image_surface_get_height(image.get()));
     if (!pixbuf) return;
     Gtk::Clipboard::get()->set_image(Glib::wrap(pixbuf));
     show_information(&window(), std::string(kCopiedMessage));
@@ -341,11 +393,13 @@ void CommandDispatcher::choose_background() {
     Gtk::ColorChooserDialog dialog("Hintergrundfarbe", window());
     dialog.set_use_alpha(false);
     Gdk::RGBA current;
-    current.set_rgba_u(m_state.background.r * 257, m_state.background.g * 257, m_state.background.b * 257);
+    current.set_rgba_u(m_state.background.r * 257, m_state.background.g * 257,
+                       m_state.background.b * 257);
     dialog.set_rgba(current);
     if (dialog.run() != Gtk::RESPONSE_OK) return;
     const Gdk::RGBA c = dialog.get_rgba();
-    m_state.background = {static_cast<std::uint8_t>(c.get_red_u() / 257), static_cast<std::uint8_t>(c.get_green_u() / 257),
+    m_state.background = {static_cast<std::uint8_t>(c.get_red_u() / 257),
+                          static_cast<std::uint8_t>(c.get_green_u() / 257),
                           static_cast<std::uint8_t>(c.get_blue_u() / 257)};
     changed(kPage);
 }
@@ -356,8 +410,9 @@ void CommandDispatcher::enter_vacation_start() {}
 void CommandDispatcher::show_todays_notes() {}
 void CommandDispatcher::show_notes_overview() {
     const calendar::PageState& p = m_state.page;
-    const std::string text = notes::notes_overview(m_state.session.notes, calendar::first_shown_day(p).number,
-                                                   calendar::last_shown_day(p).number, m_state.today);
+    const std::string text =
+        notes::notes_overview(m_state.session.notes, calendar::first_shown_day(p).number,
+                              calendar::last_shown_day(p).number, m_state.today);
     if (text.empty()) show_information(&window(), std::string(notes::kNoNotesInRange));
 }
 void CommandDispatcher::prog_menu() {}
@@ -370,8 +425,10 @@ void CommandDispatcher::quit(bool can_show) {
     m_quit = true;
     keep_page_in_settings(m_state);
     for (const std::string& error : session::save_on_exit(m_state.session)) {
-        if (can_show) show_error(&window(), error);
-        else std::cerr << "schichtkalender: " << error << '\n';
+        if (can_show)
+            show_error(&window(), error);
+        else
+            std::cerr << "schichtkalender: " << error << '\n';
     }
     m_window.hide();
 }

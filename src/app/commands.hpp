@@ -42,28 +42,28 @@ enum class Command : std::uint8_t {
     CursorRight,
     CursorUp,
     CursorDown,
-    DateEntry,     // F8, D
-    NoteMenu,      // F9, button "Notiz"
-    ProgMenu,      // F10, button "Prog."
-    Login,         // F11, A, button "Name"
-    InfoMenu,      // F12, button "Info"
-    MoreColumns,   // keypad +
-    FewerColumns,  // keypad -
-    DailyNote,     // T
-    PeriodicNote,  // P
-    YearlyNote,    // J
-    WeekdayNote,   // W
-    NotesOverview,    // U
-    CalendarMarking,  // K
-    DeleteUpTo,       // L
-    MarkEarly,        // 1
-    MarkLate,         // 2
-    MarkNight,        // 3
-    MarkStandby,      // 4
-    ProgramInfo,      // I
-    Font,             // S
-    BackgroundColour, // H
-    Settings,         // E
+    DateEntry,         // F8, D
+    NoteMenu,          // F9, button "Notiz"
+    ProgMenu,          // F10, button "Prog."
+    Login,             // F11, A, button "Name"
+    InfoMenu,          // F12, button "Info"
+    MoreColumns,       // keypad +
+    FewerColumns,      // keypad -
+    DailyNote,         // T
+    PeriodicNote,      // P
+    YearlyNote,        // J
+    WeekdayNote,       // W
+    NotesOverview,     // U
+    CalendarMarking,   // K
+    DeleteUpTo,        // L
+    MarkEarly,         // 1
+    MarkLate,          // 2
+    MarkNight,         // 3
+    MarkStandby,       // 4
+    ProgramInfo,       // I
+    Font,              // S
+    BackgroundColour,  // H
+    Settings,          // E
     ModelN,
     ModelM,
     ModelB,
@@ -107,7 +107,7 @@ std::span<const ButtonSpec> button_specs();
 // The command of each "Prog." entry is chosen in the dispatcher.
 
 class CommandDispatcher {
-public:
+  public:
     CommandDispatcher(MainWindow& window, AppState& state);
     CommandDispatcher(const CommandDispatcher&) = delete;
     CommandDispatcher& operator=(const CommandDispatcher&) = delete;
@@ -156,14 +156,17 @@ public:
 
     // The page image the clipboard receives (key Z): the window's page
     // exactly as it is shown.
-    static constexpr std::string_view kCopiedMessage = "Die Kalender wurde in die Zwischenablage kopiert.";
-    static constexpr std::string_view kFontTooLarge = "Der gewählte Zeichensatz war für den Bildschirm zu groß!";
-    static constexpr std::string_view kStartFontTooLarge = "Der Zeichensatz ist für den Bildschirm zu groß!";
+    static constexpr std::string_view kCopiedMessage =
+        "Die Kalender wurde in die Zwischenablage kopiert.";
+    static constexpr std::string_view kFontTooLarge =
+        "Der gewählte Zeichensatz war für den Bildschirm zu groß!";
+    static constexpr std::string_view kStartFontTooLarge =
+        "Der Zeichensatz ist für den Bildschirm zu groß!";
 
     Gtk::Window& window();
     view::CellSize cell();
 
-private:
+  private:
     void set_page(const calendar::PageState& page);
     void change_columns(int delta);
     void switch_model(char key);

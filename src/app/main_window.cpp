@@ -57,7 +57,8 @@ void MainWindow::fit_to_page(std::optional<ScreenSize> screen) {
 }
 
 bool MainWindow::on_key_press_event(GdkEventKey* event) {
-    if (const auto command = command_for_key(event->keyval, static_cast<GdkModifierType>(event->state))) {
+    if (const auto command =
+            command_for_key(event->keyval, static_cast<GdkModifierType>(event->state))) {
         m_command.emit(*command);
         return true;
     }

@@ -18,7 +18,7 @@
 namespace sk::app {
 
 class MainWindow : public Gtk::ApplicationWindow {
-public:
+  public:
     MainWindow();
 
     PageView& page_view() { return m_page; }
@@ -33,11 +33,11 @@ public:
     // A key press, a button, or closing the window (Command::Quit).
     sigc::signal<void(Command)>& signal_command() { return m_command; }
 
-protected:
+  protected:
     bool on_key_press_event(GdkEventKey* event) override;
     bool on_delete_event(GdkEventAny* event) override;
 
-private:
+  private:
     Gtk::Box m_column{Gtk::ORIENTATION_VERTICAL};
     Gtk::ScrolledWindow m_scroller;
     PageView m_page;

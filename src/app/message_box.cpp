@@ -3,7 +3,8 @@
 namespace sk::app {
 
 namespace {
-void show(Gtk::Window* parent, const char* title, const Glib::ustring& text, Gtk::MessageType type) {
+void show(Gtk::Window* parent, const char* title, const Glib::ustring& text,
+          Gtk::MessageType type) {
     Gtk::MessageDialog box(text, false, type, Gtk::BUTTONS_OK, true);
     if (parent) box.set_transient_for(*parent);
     box.set_title(title);

@@ -15,7 +15,8 @@ PageView::PageView() {
 }
 
 void PageView::show_page(view::PageLayout layout) {
-    const bool resized = !m_layout || m_layout->width != layout.width || m_layout->height != layout.height;
+    const bool resized =
+        !m_layout || m_layout->width != layout.width || m_layout->height != layout.height;
     m_layout = std::move(layout);
     if (resized)
         set_size_request(static_cast<int>(std::ceil(m_layout->width)),
@@ -47,27 +48,34 @@ bool PageView::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
 bool PageView::on_button_press_event(GdkEventButton* event) {
     if (event->button != GDK_BUTTON_PRIMARY) return false;
     grab_focus();
-    if (event->type == GDK_BUTTON_PRESS) m_clicked.emit(event->x, event->y);
-    else if (event->type == GDK_2BUTTON_PRESS) m_double_clicked.emit(event->x, event->y);
+    if (event->type == GDK_BUTTON_PRESS)
+        m_clicked.emit(event->x, event->y);
+    else if (event->type == GDK_2BUTTON_PRESS)
+        m_double_clicked.emit(event->x, event->y);
     return true;
 }
 
 bool PageView::on_scroll_event(GdkEventScroll* event) {
     switch (event->direction) {
-    case GDK_SCROLL_UP: m_scrolled.emit(-1); return true;
-    case GDK_SCROLL_DOWN: m_scrolled.emit(1); return true;
-    case GDK_SCROLL_SMOOTH:
-        m_scroll_sum += event->delta_y;
-        while (m_scroll_sum >= 1) {
-            m_scroll_sum -= 1;
-            m_scrolled.emit(1);
-        }
-        while (m_scroll_sum <= -1) {
-            m_scroll_sum += 1;
+        case GDK_SCROLL_UP:
             m_scrolled.emit(-1);
-        }
-        return true;
-    default: return false;
+            return true;
+        case GDK_SCROLL_DOWN:
+            m_scrolled.emit(1);
+            return true;
+        case GDK_SCROLL_SMOOTH:
+            m_scroll_sum += event->delta_y;
+            while (m_scroll_sum >= 1) {
+                m_scroll_sum -= 1;
+                m_scrolled.emit(1);
+            }
+            while (m_scroll_sum <= -1) {
+                m_scroll_sum += 1;
+                m_scrolled.emit(-1);
+            }
+            return true;
+        default:
+            return false;
     }
 }
 

@@ -14,7 +14,7 @@
 namespace sk::app {
 
 class PageView : public Gtk::DrawingArea {
-public:
+  public:
     PageView();
 
     // Shows a new page: paints it into the page image and queues the redraw.
@@ -33,12 +33,12 @@ public:
     // After the page image was painted onto the screen.
     sigc::signal<void()>& signal_page_drawn() { return m_drawn; }
 
-protected:
+  protected:
     bool on_draw(const Cairo::RefPtr<Cairo::Context>& cr) override;
     bool on_button_press_event(GdkEventButton* event) override;
     bool on_scroll_event(GdkEventScroll* event) override;
 
-private:
+  private:
     void paint_image();
 
     std::optional<view::PageLayout> m_layout;

@@ -34,7 +34,9 @@ StatusLines::StatusLines() : m_hours_colour(Gtk::CssProvider::create()) {
     rebuild({8, 16});
 }
 
-const char* StatusLines::tooltip(StatusField which) { return kTooltips[static_cast<std::size_t>(which)]; }
+const char* StatusLines::tooltip(StatusField which) {
+    return kTooltips[static_cast<std::size_t>(which)];
+}
 
 void StatusLines::rebuild(view::CellSize cell) {
     for (auto& field : m_fields)
@@ -47,7 +49,8 @@ void StatusLines::rebuild(view::CellSize cell) {
         field->set_has_frame(false);
         field->set_tooltip_text(kTooltips[i]);
         field->get_accessible()->set_name(kTooltips[i]);
-        field->get_style_context()->add_provider(field_css, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
+        field->get_style_context()->add_provider(field_css,
+                                                 GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
         field->set_size_request(-1, height);
         m_fields[i] = std::move(field);
     }
@@ -60,11 +63,13 @@ void StatusLines::rebuild(view::CellSize cell) {
     hours.set_max_width_chars(7);
     hours.set_size_request(static_cast<int>(std::ceil(7 * cell.width)), height);
     hours.set_alignment(Gtk::ALIGN_END);
-    hours.get_style_context()->add_provider(m_hours_colour, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 1);
+    hours.get_style_context()->add_provider(m_hours_colour,
+                                            GTK_STYLE_PROVIDER_PRIORITY_APPLICATION + 1);
     hours.add_events(Gdk::BUTTON_PRESS_MASK);
     hours.signal_button_press_event().connect(
         [this](GdkEventButton* event) {
-            if (event->type == GDK_BUTTON_PRESS && event->button == GDK_BUTTON_PRIMARY) m_hours_clicked.emit();
+            if (event->type == GDK_BUTTON_PRESS && event->button == GDK_BUTTON_PRIMARY)
+                m_hours_clicked.emit();
             return false;
         },
         false);
@@ -95,11 +100,12 @@ void StatusLines::put_texts() {
     field(StatusField::Vacation).set_text(m_texts.vacation);
     const auto c = static_cast<std::uint32_t>(m_texts.hours_colour);
     char rule[96];
-    std::snprintf(rule, sizeof rule, "entry { color: rgb(%u, %u, %u); }", c & 0xFFu, (c >> 8) & 0xFFu,
-                  (c >> 16) & 0xFFu);
+    std::snprintf(rule, sizeof rule, "entry { color: rgb(%u, %u, %u); }", c & 0xFFu,
+                  (c >> 8) & 0xFFu, (c >> 16) & 0xFFu);
     m_hours_colour->load_from_data(rule);
     // The start of a long line is what matters.
-    for (auto& f : m_fields) f->set_position(0);
+    for (auto& f : m_fields)
+        f->set_position(0);
 }
 
 }  // namespace sk::app

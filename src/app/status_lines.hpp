@@ -20,7 +20,7 @@ enum class StatusField { Day, Notes, Astronomy, Hours, Vacation };
 inline constexpr int kStatusFieldCount = 5;
 
 class StatusLines : public Gtk::Grid {
-public:
+  public:
     StatusLines();
 
     // Makes the five fields anew for a character cell (and keeps the texts).
@@ -32,7 +32,7 @@ public:
 
     sigc::signal<void()>& signal_hours_clicked() { return m_hours_clicked; }
 
-private:
+  private:
     void put_texts();
 
     std::array<std::unique_ptr<Gtk::Entry>, kStatusFieldCount> m_fields;

@@ -20,8 +20,8 @@ void append_part(std::string& line, std::string_view part) {
 }  // namespace
 
 std::string day_status(const calendar::Day& day, const ProgramState& state) {
-    std::string line = std::string(calendar::weekday_name(day.number)) + ", " +
-                       calendar::format_german_date(day);
+    std::string line =
+        std::string(calendar::weekday_name(day.number)) + ", " + calendar::format_german_date(day);
     append_part(line, "KW " + std::to_string(calendar::week_number(day)));
     // Holidays first, then the named days of the year.
     append_part(line, calendar::statutory_fixed_holiday(day));
@@ -33,7 +33,8 @@ std::string day_status(const calendar::Day& day, const ProgramState& state) {
         append_part(line, "Namenstag: " + std::string(names));
     if (calendar::is_school_holiday(day)) append_part(line, "Schulferien");
     if (state.model >= 0 && state.model < calendar::kModelCount)
-        append_part(line, calendar::kShiftModels[static_cast<std::size_t>(state.model)].chooser_entry);
+        append_part(line,
+                    calendar::kShiftModels[static_cast<std::size_t>(state.model)].chooser_entry);
     if (!state.block_shown && calendar::offers_block_toggle(state.model))
         append_part(line, "Urlaubsblock ausgeblendet");
     append_part(line, "Benutzer: " + std::string(state.user));
@@ -46,7 +47,8 @@ std::string notes_status(const notes::NoteStore& store, const calendar::Day& day
     line.reserve(joined.size());
     for (std::size_t i = 0; i < joined.size(); ++i) {
         const char c = joined[i];
-        if (c == '\r' && i + 1 < joined.size() && joined[i + 1] == '\n') continue;  // "\r\n" is one end
+        if (c == '\r' && i + 1 < joined.size() && joined[i + 1] == '\n')
+            continue;  // "\r\n" is one end
         line += (c == '\r' || c == '\n' || c == '\t') ? ' ' : c;
     }
     return line;

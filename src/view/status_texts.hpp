@@ -22,7 +22,8 @@ inline constexpr std::string_view kStatusPartSeparator = "\u00A0· ";
 // What the day line says about the program beside the day.
 struct ProgramState {
     int model = 0;
-    bool block_shown = true;  // "UrlaubBlockAnzeige"; mentioned only when off in a model with a block
+    bool block_shown =
+        true;  // "UrlaubBlockAnzeige"; mentioned only when off in a model with a block
     std::string_view user;
 };
 

@@ -1,11 +1,12 @@
 // The texts of the status lines: the day line with its parts in order, the
 // notes of a day in one line, and the account fields by model.
+#include "view/status_texts.hpp"
+
 #include <gtest/gtest.h>
 
 #include "notes/note_keys.hpp"
 #include "session/session.hpp"
 #include "test_support.hpp"
-#include "view/status_texts.hpp"
 
 namespace sk::view {
 namespace {
@@ -22,22 +23,26 @@ TEST(StatusTexts, DayLineNamesTheDayAndTheProgramState) {
     const std::string dot = "\u00A0· ";
     const DayLineCase cases[] = {
         // A statutory holiday in the Christmas school holidays.
-        {Day::from_date(2024, 11, 25), {0, true, "Programm"},
+        {Day::from_date(2024, 11, 25),
+         {0, true, "Programm"},
          "Mittwoch, 25.12.2024" + dot + "KW 52" + dot + "Weihnachten" + dot +
-             "Namenstag: Christfest, Anastasia, Eugenia" + dot + "Schulferien" + dot + "Rodenwald PM 1" +
-             dot + "Benutzer: Programm"},
+             "Namenstag: Christfest, Anastasia, Eugenia" + dot + "Schulferien" + dot +
+             "Rodenwald PM 1" + dot + "Benutzer: Programm"},
         // A named day that is no holiday, outside the school holidays; the
         // block switched off is mentioned in a model with a block.
-        {Day::from_date(2026, 10, 18), {3, false, "Anna"},
+        {Day::from_date(2026, 10, 18),
+         {3, false, "Anna"},
          "Mittwoch, 18.11.2026" + dot + "KW 47" + dot + "Buß- und Bettag" + dot +
              "Namenstag: Alda, Bettina, Odo, Philippine, Roman" + dot + "PM 1 mit 2er Block" + dot +
              "Urlaubsblock ausgeblendet" + dot + "Benutzer: Anna"},
         // ... and not in a model without one; week 1 at the turn of the year.
-        {Day::from_date(2024, 11, 30), {7, false, "Programm"},
-         "Montag, 30.12.2024" + dot + "KW 1" + dot + "Namenstag: Felix, Herma, Hermine, Minna" + dot +
-             "Schulferien" + dot + "Hallner Karton" + dot + "Benutzer: Programm"},
+        {Day::from_date(2024, 11, 30),
+         {7, false, "Programm"},
+         "Montag, 30.12.2024" + dot + "KW 1" + dot + "Namenstag: Felix, Herma, Hermine, Minna" +
+             dot + "Schulferien" + dot + "Hallner Karton" + dot + "Benutzer: Programm"},
     };
-    for (const DayLineCase& c : cases) EXPECT_EQ(day_status(c.day, c.state), c.expected) << c.expected;
+    for (const DayLineCase& c : cases)
+        EXPECT_EQ(day_status(c.day, c.state), c.expected) << c.expected;
 }
 
 TEST(StatusTexts, NotesOfTheDayInOneLine) {
