@@ -279,9 +279,12 @@ void CommandDispatcher::open_hours() {
 }
 
 void CommandDispatcher::set_page(const calendar::PageState& page) {
-    const bool resized = page.columns != m_state.page.columns || page.model != m_state.page.model;
+    const calendar::PageState& old = m_state.page;
+    const bool resized = page.columns != old.columns || page.model != old.model;
+    const bool cursor_only =
+        !resized && page.year == old.year && page.month_index == old.month_index;
     m_state.page = page;
-    changed(kPage | kStatus | (resized ? kSize : 0u));
+    changed((cursor_only ? kCursor : kPage) | kStatus | (resized ? kSize : 0u));
 }
 
 void CommandDispatcher::changed(unsigned what) {
@@ -289,17 +292,17 @@ void CommandDispatcher::changed(unsigned what) {
     if (what & kSources) m_extras = view::page_extras(m_state.session);
     if (what & kControls) m_window.status_lines().rebuild(cell());
     if (what & kTitle) m_window.set_title(login_title(m_state.session.user));
-    if (what & kPage) {
+    if (what & (kPage | kCursor)) {
         const calendar::PageState& p = m_state.page;
         const view::PageRequest request =
             view::page_request(m_state.session, calendar::Day::from_date(p.year, p.month_index, 1),
                                p.cursor, m_state.today);
         view::PageLayout layout = m_state.renderer.layout(request, m_extras);
         layout.background = m_state.background;
-        m_window.page_view().show_page(std::move(layout));
+        m_window.page_view().show_page(std::move(layout), !(what & kPage));
         m_window.set_block_toggle_visible(calendar::offers_block_toggle(p.model));
     }
-    if (what & (kStatus | kPage))
+    if (what & (kStatus | kPage | kCursor))
         m_window.status_lines().show_texts(
             view::status_texts(m_state.session, m_state.page.cursor, m_state.today));
     if (what & (kSize | kControls))

@@ -130,6 +130,7 @@ class CommandDispatcher {
         kControls = 8,  // the font: status lines, buttons and sizes anew
         kTitle = 16,    // the user
         kSources = 32,  // the session's stores or settings were replaced: the page's sources anew
+        kCursor = 64,   // the cursor alone moved: the page is laid out anew, its two rows repainted
     };
     void changed(unsigned what);
 

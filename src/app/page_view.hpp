@@ -7,6 +7,7 @@
 #include <gtkmm.h>
 
 #include <optional>
+#include <vector>
 
 #include "view/cairo_handles.hpp"
 #include "view/page_layout.hpp"
@@ -18,7 +19,10 @@ class PageView : public Gtk::DrawingArea {
     PageView();
 
     // Shows a new page: paints it into the page image and queues the redraw.
-    void show_page(view::PageLayout layout);
+    // With `cursor_only` the caller promises that the new page differs from
+    // the shown one in its cursor alone (same months, model, font and data):
+    // then only the rows of the old and the new cursor are painted again.
+    void show_page(view::PageLayout layout, bool cursor_only = false);
     // The page shown (the clipboard copies exactly this).
     const view::PageLayout* page() const { return m_layout ? &*m_layout : nullptr; }
     // The page image at the scale of the screen it is shown on.
@@ -40,6 +44,7 @@ class PageView : public Gtk::DrawingArea {
 
   private:
     void paint_image();
+    void paint_rows(const std::vector<view::Rect>& rows);
 
     std::optional<view::PageLayout> m_layout;
     view::SurfacePtr m_image;

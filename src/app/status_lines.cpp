@@ -84,28 +84,33 @@ void StatusLines::rebuild(view::CellSize cell) {
     attach(vacation, 1, 1);
     attach(field(StatusField::Astronomy), 0, 2, 2, 1);
     show_all_children();
-    put_texts();
+    put_texts(true);
 }
 
 void StatusLines::show_texts(const view::StatusTexts& texts) {
+    const bool colour_changed = texts.hours_colour != m_texts.hours_colour;
     m_texts = texts;
-    put_texts();
+    put_texts(colour_changed);
 }
 
-void StatusLines::put_texts() {
-    field(StatusField::Day).set_text(m_texts.day);
-    field(StatusField::Notes).set_text(m_texts.notes);
-    field(StatusField::Astronomy).set_text(m_texts.astronomy);
-    field(StatusField::Hours).set_text(m_texts.hours);
-    field(StatusField::Vacation).set_text(m_texts.vacation);
+void StatusLines::put_texts(bool colour_changed) {
+    const auto put = [this](StatusField which, const std::string& text) {
+        Gtk::Entry& f = field(which);
+        if (f.get_text() == text) return;
+        f.set_text(text);
+        f.set_position(0);  // the start of a long line is what matters
+    };
+    put(StatusField::Day, m_texts.day);
+    put(StatusField::Notes, m_texts.notes);
+    put(StatusField::Astronomy, m_texts.astronomy);
+    put(StatusField::Hours, m_texts.hours);
+    put(StatusField::Vacation, m_texts.vacation);
+    if (!colour_changed) return;
     const auto c = static_cast<std::uint32_t>(m_texts.hours_colour);
     char rule[96];
     std::snprintf(rule, sizeof rule, "entry { color: rgb(%u, %u, %u); }", c & 0xFFu,
                   (c >> 8) & 0xFFu, (c >> 16) & 0xFFu);
     m_hours_colour->load_from_data(rule);
-    // The start of a long line is what matters.
-    for (auto& f : m_fields)
-        f->set_position(0);
 }
 
 }  // namespace sk::app

@@ -33,7 +33,7 @@ class StatusLines : public Gtk::Grid {
     sigc::signal<void()>& signal_hours_clicked() { return m_hours_clicked; }
 
   private:
-    void put_texts();
+    void put_texts(bool colour_changed);
 
     std::array<std::unique_ptr<Gtk::Entry>, kStatusFieldCount> m_fields;
     Glib::RefPtr<Gtk::CssProvider> m_hours_colour;

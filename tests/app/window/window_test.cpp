@@ -10,6 +10,7 @@
 #include "notes/note_store.hpp"
 #include "settings/settings_file.hpp"
 #include "view/page_geometry.hpp"
+#include "view/page_output.hpp"
 #include "window_fixture.hpp"
 
 namespace sk::app::test {
@@ -299,6 +300,35 @@ TEST_F(WindowTest, EveryButtonAndFieldHasAnAccessibleName) {
                           StatusField::Hours, StatusField::Vacation})
         EXPECT_EQ(window().status_lines().field(f).get_accessible()->get_name(),
                   StatusLines::tooltip(f));
+}
+
+// Cursor moves repaint two rows of the page image only; the image must be
+// the whole page painted afresh all the same.
+TEST_F(WindowTest, CursorRepaintLeavesThePageImageAsAFullRedraw) {
+    {
+        notes::NoteStore store((std::filesystem::create_directories(user_dir()), user_dir()), "");
+        store.write_daily(notes::date_key(date(2026, 11, 24)), "Notiz");
+    }
+    start(date(2026, 11, 23));
+    for (guint k : {GDK_KEY_Down, GDK_KEY_Right, GDK_KEY_Down, GDK_KEY_Left, GDK_KEY_Up}) {
+        key(k);
+        const view::SurfacePtr full = view::render_image(*window().page_view().page(), 1.0);
+        cairo_surface_t* shown = window().page_view().image().get();
+        ASSERT_EQ(cairo_image_surface_get_height(shown),
+                  cairo_image_surface_get_height(full.get()));
+        const int stride = cairo_image_surface_get_stride(shown);
+        const int width = cairo_image_surface_get_width(shown);
+        int differing = 0;
+        for (int y = 0; y < cairo_image_surface_get_height(shown); ++y) {
+            const auto* a = reinterpret_cast<const std::uint32_t*>(
+                cairo_image_surface_get_data(shown) + y * stride);
+            const auto* b = reinterpret_cast<const std::uint32_t*>(
+                cairo_image_surface_get_data(full.get()) + y * stride);
+            for (int x = 0; x < width; ++x)
+                differing += (a[x] & 0xFFFFFF) != (b[x] & 0xFFFFFF);
+        }
+        EXPECT_EQ(differing, 0) << calendar::format_iso_date(state().page.cursor);
+    }
 }
 
 // Key Z: the clipboard holds exactly the picture the render command draws
