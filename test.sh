@@ -2,7 +2,7 @@
 # Installs what is missing, builds and runs every test of Quorvel
 # Schichtkalender: the normal build with warnings as errors, the same tests
 # once more under AddressSanitizer and UndefinedBehaviorSanitizer, and the
-# fuzz targets for a short bounded time.
+# fuzz targets over their corpus with a fixed seed and a fixed number of runs.
 set -euo pipefail
 cd "$(dirname "$0")"
 tools/ensure-packages.sh

@@ -5,7 +5,7 @@
 
 #include "astro/day_information.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
+#include "settings/astro_place.hpp"
 
 namespace {
 
@@ -18,9 +18,9 @@ void BM_DayInformationOneDay(benchmark::State& state) {
     const Day day =
         Day::from_date(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)) - 1,
                        static_cast<int>(state.range(2)));
-    const sk::settings::Settings settings;
+    const sk::astro::Place place = sk::settings::astro_place(sk::settings::Settings{});
     for (auto _ : state)
-        benchmark::DoNotOptimize(sk::astro::day_information(day, settings));
+        benchmark::DoNotOptimize(sk::astro::day_information(day, place));
 }
 BENCHMARK(BM_DayInformationOneDay)
     ->Args({2024, 1, 2})
@@ -30,11 +30,11 @@ BENCHMARK(BM_DayInformationOneDay)
 
 // 1970-01-01 to 2037-07-31: target below 1.5 s.
 void BM_DayInformationWholeCalendar(benchmark::State& state) {
-    const sk::settings::Settings settings;
+    const sk::astro::Place place = sk::settings::astro_place(sk::settings::Settings{});
     for (auto _ : state) {
         std::size_t length = 0;
         for (DayNumber d = sk::calendar::kFirstDay; d <= sk::calendar::kLastDay; ++d) {
-            length += sk::astro::day_information(Day::from_number(d), settings).size();
+            length += sk::astro::day_information(Day::from_number(d), place).size();
         }
         benchmark::DoNotOptimize(length);
     }
@@ -45,9 +45,9 @@ BENCHMARK(BM_DayInformationWholeCalendar)->Unit(benchmark::kMillisecond);
 // 700 days, about 23 months, from the first of the month given.
 void BM_PageSymbols(benchmark::State& state) {
     const DayNumber first = sk::calendar::day_number(static_cast<int>(state.range(0)), 0, 1);
-    const sk::settings::Settings settings;
+    const sk::astro::Place place = sk::settings::astro_place(sk::settings::Settings{});
     for (auto _ : state)
-        benchmark::DoNotOptimize(sk::astro::page_symbols(first, first + 699, settings));
+        benchmark::DoNotOptimize(sk::astro::page_symbols(first, first + 699, place));
 }
 BENCHMARK(BM_PageSymbols)->Arg(1985)->Arg(2024)->Unit(benchmark::kMicrosecond);
 

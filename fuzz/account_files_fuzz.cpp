@@ -32,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const ShiftMarkings markings = parse_shift_markings(bytes.substr(split));
     const int model = size > 0 ? data[0] % 8 : 0;
-    const int day = size > 1 ? (data[1] * 97) % 24684 : 0;
+    const int day = size > 1 ? (data[1] * 97) % (sk::calendar::kLastDay + 1) : 0;
     const Day today = Day::from_number(day);
     PlanContext plan{.model = model};
     plan.order = sk::calendar::rotate_order(plan.order, size > 2 ? data[2] : 0);

@@ -12,7 +12,7 @@
 #include "notes/note_cipher.hpp"
 #include "notes/note_keys.hpp"
 #include "notes/notes_of_day.hpp"
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
 
 namespace {
 
@@ -33,11 +33,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     const std::string latin9 = decipher_note(stored, password);
     check(latin9.size() == (password.empty() ? stored.size() : (stored.size() + 2) / 3));
-    const std::string text = sk::settings::latin9_to_utf8(latin9);
-    check(sk::settings::decode_utf8(text).has_value());
-    check(sk::settings::utf8_length(text) == latin9.size());
+    const std::string text = sk::files::latin9_to_utf8(latin9);
+    check(sk::files::decode_utf8(text).has_value());
+    check(sk::files::utf8_length(text) == latin9.size());
     const std::string shown = apply_year_placeholder(text, 2024);
-    check(sk::settings::decode_utf8(shown).has_value());
+    check(sk::files::decode_utf8(shown).has_value());
 
     const std::string enciphered = encipher_note(stored, password);
     check(decipher_note(enciphered, password) == stored);

@@ -1,9 +1,12 @@
-// Any bytes as "Einstellungen.dat": the reader must not crash, and what it
-// reads must be in range and survive a write and a second read unchanged.
+// Any bytes as "Einstellungen.dat": the reader must not crash, what it reads
+// must be in range and already repaired, the writer must be able to store it
+// (every text read is ISO-8859-15), and a second read of the written file
+// must give it back unchanged.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
 
+#include "calendar/ranges.hpp"
 #include "settings/settings_file.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -11,12 +14,16 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Settings defaults = default_settings("/tmp/SKDaten");
     const Settings s = parse_settings(
         std::string_view(reinterpret_cast<const char*>(data), size), defaults);
-    if (s.model < 0 || s.model > 7 || s.columns < 6 || s.columns > 23 || s.twilight < 0 ||
-        s.twilight > 2 || s.time_zone < -12 || s.time_zone > 14 || s.font_size < 6 ||
-        s.font_size > 72)
+    using namespace sk::calendar;
+    if (!kModels.contains(s.model) || !kColumns.contains(s.columns) ||
+        !kTwilightKinds.contains(s.twilight) || !kTimeZones.contains(s.time_zone) ||
+        !kFontSizes.contains(s.font_size) || !kLatitudes.contains(s.latitude) ||
+        !kLongitudes.contains(s.longitude))
         std::abort();
-    if (const auto bytes = serialize_settings(s)) {
-        if (!(parse_settings(*bytes, defaults) == s)) std::abort();
-    }
+    Settings again = s;
+    normalize_settings(again, defaults);
+    if (!(again == s)) std::abort();
+    const auto bytes = serialize_settings(s);
+    if (!bytes || !(parse_settings(*bytes, defaults) == s)) std::abort();
     return 0;
 }

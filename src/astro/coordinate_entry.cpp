@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "calendar/ranges.hpp"
+
 namespace sk::astro {
 
 namespace {
@@ -78,11 +80,11 @@ std::optional<double> parse_coordinate(std::string_view text, std::int64_t limit
 }  // namespace
 
 std::optional<double> parse_latitude(std::string_view text) {
-    return parse_coordinate(text, 90);
+    return parse_coordinate(text, static_cast<std::int64_t>(calendar::kLatitudes.max));
 }
 
 std::optional<double> parse_longitude(std::string_view text) {
-    return parse_coordinate(text, 180);
+    return parse_coordinate(text, static_cast<std::int64_t>(calendar::kLongitudes.max));
 }
 
 std::optional<double> parse_time_zone(std::string_view text) {
@@ -92,7 +94,7 @@ std::optional<double> parse_time_zone(std::string_view text) {
     const char* begin = entry->canonical.data();
     const char* end = begin + entry->canonical.size();
     if (std::from_chars(begin, end, hours).ptr != end) return std::nullopt;
-    return std::clamp(hours, -12.0, 14.0);
+    return calendar::kTimeZones.clamp(hours);
 }
 
 }  // namespace sk::astro

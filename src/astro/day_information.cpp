@@ -21,37 +21,34 @@ struct SymbolEvents {
     std::string apogee, perigee, aphelion, perihelion;
 };
 
-SymbolEvents symbol_events(const calendar::Day& day, const settings::Settings& settings,
-                           InstantMemo& memo) {
+SymbolEvents symbol_events(const calendar::Day& day, const Place& place, InstantMemo& memo) {
     SymbolEvents e;
-    e.moon_phase = moon_phase_line(day, settings, memo);
+    e.moon_phase = moon_phase_line(day, place, memo);
     // Eclipses are looked for only near a new or full moon, as the marker says.
     if (e.moon_phase.marker == kNewMoonMarker) {
-        e.eclipse = solar_eclipse_line(day, settings, memo);
+        e.eclipse = solar_eclipse_line(day, place, memo);
     } else if (e.moon_phase.marker == kFullMoonMarker) {
-        e.eclipse = lunar_eclipse_line(day, settings, memo);
+        e.eclipse = lunar_eclipse_line(day, place, memo);
     }
-    e.apogee = apogee_line(day, settings, memo);
-    e.perigee = perigee_line(day, settings, memo);
-    e.aphelion = aphelion_line(day, settings, memo);
-    e.perihelion = perihelion_line(day, settings, memo);
+    e.apogee = apogee_line(day, place, memo);
+    e.perigee = perigee_line(day, place, memo);
+    e.aphelion = aphelion_line(day, place, memo);
+    e.perihelion = perihelion_line(day, place, memo);
     return e;
 }
 
 }  // namespace
 
-DayEvents day_events(const calendar::Day& day, const settings::Settings& settings) {
+DayEvents day_events(const calendar::Day& day, const Place& place) {
     DayEvents events;
-    const TwilightChoice twilight = twilight_choice(settings.twilight);
-    events.twilight = rise_set_line(twilight.kind, day, settings);
-    events.twilight_reset = twilight.reset;
-    events.sun = rise_set_line(RiseSetKind::Sun, day, settings);
-    events.moon = rise_set_line(RiseSetKind::Moon, day, settings);
-    events.season = season_line(day, settings);
+    events.twilight = rise_set_line(rise_set_kind(place.twilight), day, place);
+    events.sun = rise_set_line(RiseSetKind::Sun, day, place);
+    events.moon = rise_set_line(RiseSetKind::Moon, day, place);
+    events.season = season_line(day, place);
     events.summer_time_change = summer_time_change_line(day);
 
     InstantMemo memo;
-    SymbolEvents symbols = symbol_events(day, settings, memo);
+    SymbolEvents symbols = symbol_events(day, place, memo);
     events.moon_phase = std::move(symbols.moon_phase.text);
     events.phase = symbols.moon_phase.phase;
     events.marker = symbols.moon_phase.marker;
@@ -81,19 +78,19 @@ std::string day_information(const DayEvents& events) {
     return line;
 }
 
-std::string day_information(const calendar::Day& day, const settings::Settings& settings) {
-    return day_information(day_events(day, settings));
+std::string day_information(const calendar::Day& day, const Place& place) {
+    return day_information(day_events(day, place));
 }
 
 std::vector<DaySymbols> page_symbols(calendar::DayNumber first, calendar::DayNumber last,
-                                     const settings::Settings& settings) {
+                                     const Place& place) {
     std::vector<DaySymbols> symbols;
     if (last < first) return symbols;
     symbols.reserve(static_cast<std::size_t>(last - first) + 1);
     InstantMemo memo;  // shared by the days of the page
     for (calendar::DayNumber d = first; d <= last; ++d) {
         const calendar::Day day = calendar::Day::from_number(d);
-        const SymbolEvents e = symbol_events(day, settings, memo);
+        const SymbolEvents e = symbol_events(day, place, memo);
         DaySymbols s;
         s.phase = e.moon_phase.phase;
         s.solar_eclipse = !e.eclipse.empty() && e.moon_phase.marker == kNewMoonMarker;

@@ -10,9 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "astro/day_symbols.hpp"
 #include "astro/moon_phases.hpp"
+#include "astro/place.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::astro {
 
@@ -28,33 +29,19 @@ struct DayEvents {
     // the day, 2 full moon near the day. The eclipse line is looked for only
     // when it is 1 (solar) or 2 (lunar).
     int marker = 0;
-    using Phase = MoonPhase;
-    Phase phase = Phase::None;                          // the phase whose line falls on the day
+    MoonPhase phase = MoonPhase::None;                  // the phase whose line falls on the day
     bool solar_eclipse = false, lunar_eclipse = false;  // an eclipse line was produced
-    // The stored twilight kind was outside 0..2: it was computed as civil
-    // twilight and the caller must store 0 in the settings.
-    bool twilight_reset = false;
 };
 
-DayEvents day_events(const calendar::Day& day, const settings::Settings& settings);
+DayEvents day_events(const calendar::Day& day, const Place& place);
 
 // "Dämmerung: 5:12 - 21:31, Sonne: 5:52 - 20:51, Mond: 13:40 - --:--, ..."
 std::string day_information(const DayEvents& events);
-std::string day_information(const calendar::Day& day, const settings::Settings& settings);
-
-// What the page draws beside a day: the moon phase, eclipse and apsis
-// symbols. The same values as day_events() gives for the day.
-struct DaySymbols {
-    DayEvents::Phase phase = DayEvents::Phase::None;
-    bool solar_eclipse = false, lunar_eclipse = false;
-    bool perigee = false, apogee = false, perihelion = false, aphelion = false;
-
-    bool operator==(const DaySymbols&) const = default;
-};
+std::string day_information(const calendar::Day& day, const Place& place);
 
 // The symbols of the days first..last (inclusive), one entry per day; empty
-// when last < first.
+// when last < first. The same values as day_events() gives day by day.
 std::vector<DaySymbols> page_symbols(calendar::DayNumber first, calendar::DayNumber last,
-                                     const settings::Settings& settings);
+                                     const Place& place);
 
 }  // namespace sk::astro

@@ -131,11 +131,11 @@ double step_radius_vector(double estimate, double first_previous, StillApproachi
 // A passage is looked at only when its estimate lies within two days of noon
 // UT of the day before the described day.
 std::string passage_line(double estimate, EventSeries series, double k, const char* label,
-                         const calendar::Day& day, const settings::Settings& settings,
-                         InstantMemo& memo, double (*refine)(double)) {
+                         const calendar::Day& day, const Place& place, InstantMemo& memo,
+                         double (*refine)(double)) {
     if (!(std::fabs(estimate - day.number - 2440587.0) < 2.0)) return {};
     const double jde = memo.get(series, k, [&] { return refine(k); });
-    return event_time_text(jde, label, day, settings);
+    return event_time_text(jde, label, day, place);
 }
 
 }  // namespace
@@ -181,18 +181,16 @@ double aphelion_instant(double k) {
                               [](double r, double previous) { return r > previous; });
 }
 
-std::string perihelion_line(const calendar::Day& day, const settings::Settings& settings,
-                            InstantMemo& memo) {
+std::string perihelion_line(const calendar::Day& day, const Place& place, InstantMemo& memo) {
     const double k = perihelion_number(day.year);
     return passage_line(perihelion_estimate(k), EventSeries::PerihelionStepped, k,
-                        "Sonnennähe: ", day, settings, memo, perihelion_instant);
+                        "Sonnennähe: ", day, place, memo, perihelion_instant);
 }
 
-std::string aphelion_line(const calendar::Day& day, const settings::Settings& settings,
-                          InstantMemo& memo) {
+std::string aphelion_line(const calendar::Day& day, const Place& place, InstantMemo& memo) {
     const double k = aphelion_number(day.year);
     return passage_line(aphelion_estimate(k), EventSeries::AphelionStepped, k, "Sonnenferne: ", day,
-                        settings, memo, aphelion_instant);
+                        place, memo, aphelion_instant);
 }
 
 }  // namespace sk::astro

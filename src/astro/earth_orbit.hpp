@@ -7,8 +7,8 @@
 #include <string>
 
 #include "astro/instant_memo.hpp"
+#include "astro/place.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::astro {
 
@@ -31,9 +31,7 @@ double perihelion_instant(double k);
 double aphelion_instant(double k);
 
 // "Sonnennähe: 1:39" / "Sonnenferne: 7:06" on the passage's local date, empty otherwise.
-std::string perihelion_line(const calendar::Day& day, const settings::Settings& settings,
-                            InstantMemo& memo);
-std::string aphelion_line(const calendar::Day& day, const settings::Settings& settings,
-                          InstantMemo& memo);
+std::string perihelion_line(const calendar::Day& day, const Place& place, InstantMemo& memo);
+std::string aphelion_line(const calendar::Day& day, const Place& place, InstantMemo& memo);
 
 }  // namespace sk::astro

@@ -82,13 +82,13 @@ constexpr LabelledType kLunarLineOrder[] = {
 
 template <std::size_t N>
 std::string eclipse_line(const LabelledType (&order)[N], double fraction, const calendar::Day& day,
-                         const settings::Settings& settings, InstantMemo& memo) {
+                         const Place& place, InstantMemo& memo) {
     for (const LabelledType& entry : order) {
         const double jde = search_lunation(day, fraction, [&](double k) {
             return memo.get(series_of(fraction == 0.0, entry.type), k,
                             [&] { return eclipse_instant(k, entry.type); });
         });
-        std::string line = event_time_text(jde, entry.label, day, settings);
+        std::string line = event_time_text(jde, entry.label, day, place);
         if (!line.empty()) return line;
     }
     return {};
@@ -152,14 +152,12 @@ double eclipse_instant(double k, EclipseType type) {
     return found ? g.jde : 0.0;
 }
 
-std::string solar_eclipse_line(const calendar::Day& day, const settings::Settings& settings,
-                               InstantMemo& memo) {
-    return eclipse_line(kSolarLineOrder, 0.0, day, settings, memo);
+std::string solar_eclipse_line(const calendar::Day& day, const Place& place, InstantMemo& memo) {
+    return eclipse_line(kSolarLineOrder, 0.0, day, place, memo);
 }
 
-std::string lunar_eclipse_line(const calendar::Day& day, const settings::Settings& settings,
-                               InstantMemo& memo) {
-    return eclipse_line(kLunarLineOrder, 0.5, day, settings, memo);
+std::string lunar_eclipse_line(const calendar::Day& day, const Place& place, InstantMemo& memo) {
+    return eclipse_line(kLunarLineOrder, 0.5, day, place, memo);
 }
 
 }  // namespace sk::astro

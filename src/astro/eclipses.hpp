@@ -10,8 +10,8 @@
 #include <string>
 
 #include "astro/instant_memo.hpp"
+#include "astro/place.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::astro {
 
@@ -39,9 +39,7 @@ double eclipse_instant(double k, EclipseType type);
 // "Sonnenfinsternis total: 20:17" (then "ringförmig", "partiell") and
 // "Mondfinsternis total: 22:21" (then "partiell") on the local date of the
 // greatest eclipse; empty otherwise.
-std::string solar_eclipse_line(const calendar::Day& day, const settings::Settings& settings,
-                               InstantMemo& memo);
-std::string lunar_eclipse_line(const calendar::Day& day, const settings::Settings& settings,
-                               InstantMemo& memo);
+std::string solar_eclipse_line(const calendar::Day& day, const Place& place, InstantMemo& memo);
+std::string lunar_eclipse_line(const calendar::Day& day, const Place& place, InstantMemo& memo);
 
 }  // namespace sk::astro

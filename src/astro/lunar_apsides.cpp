@@ -85,18 +85,16 @@ double perigee_number(const calendar::Day& day) {
     return std::trunc((day.year + year_fraction - 1999.97) * kAnomalisticMonthsPerYear);
 }
 
-std::string perigee_line(const calendar::Day& day, const settings::Settings& settings,
-                         InstantMemo& memo) {
+std::string perigee_line(const calendar::Day& day, const Place& place, InstantMemo& memo) {
     const double k = perigee_number(day);
     const double jde = memo.get(EventSeries::Perigee, k, [&] { return perigee_instant(k); });
-    return event_time_text(jde, "Mondnähe: ", day, settings);
+    return event_time_text(jde, "Mondnähe: ", day, place);
 }
 
-std::string apogee_line(const calendar::Day& day, const settings::Settings& settings,
-                        InstantMemo& memo) {
+std::string apogee_line(const calendar::Day& day, const Place& place, InstantMemo& memo) {
     const double k = perigee_number(day) + 0.5;
     const double jde = memo.get(EventSeries::Apogee, k, [&] { return apogee_instant(k); });
-    return event_time_text(jde, "Mondferne: ", day, settings);
+    return event_time_text(jde, "Mondferne: ", day, place);
 }
 
 }  // namespace sk::astro

@@ -6,8 +6,8 @@
 #include <string>
 
 #include "astro/instant_memo.hpp"
+#include "astro/place.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::astro {
 
@@ -54,9 +54,7 @@ double perigee_number(const calendar::Day& day);
 
 // "Mondnähe: 3:12" / "Mondferne: 21:40" when the event's local date is the
 // day, empty otherwise.
-std::string perigee_line(const calendar::Day& day, const settings::Settings& settings,
-                         InstantMemo& memo);
-std::string apogee_line(const calendar::Day& day, const settings::Settings& settings,
-                        InstantMemo& memo);
+std::string perigee_line(const calendar::Day& day, const Place& place, InstantMemo& memo);
+std::string apogee_line(const calendar::Day& day, const Place& place, InstantMemo& memo);
 
 }  // namespace sk::astro

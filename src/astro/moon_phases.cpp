@@ -160,15 +160,14 @@ int day_marker(double jde, calendar::DayNumber day, int mark) {
     return distance >= 2.0 && distance <= 27.0 ? 0 : mark;
 }
 
-MoonPhaseLine moon_phase_line(const calendar::Day& day, const settings::Settings& settings,
-                              InstantMemo& memo) {
+MoonPhaseLine moon_phase_line(const calendar::Day& day, const Place& place, InstantMemo& memo) {
     MoonPhaseLine line;
     for (const PhaseRow& row : kPhaseLineOrder) {
         const double jde = search_lunation(day, lunation_fraction(row.phase), [&](double k) {
             return memo.get(row.series, k, [&] { return moon_phase_instant(k, row.phase); });
         });
         if (row.marker >= 0) line.marker = day_marker(jde, day.number, row.marker);
-        line.text = event_time_text(jde, row.label, day, settings);
+        line.text = event_time_text(jde, row.label, day, place);
         if (!line.text.empty()) {
             line.phase = row.phase;
             break;

@@ -7,13 +7,12 @@
 #include <cmath>
 #include <string>
 
+#include "astro/day_symbols.hpp"
 #include "astro/instant_memo.hpp"
+#include "astro/place.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::astro {
-
-enum class MoonPhase { None, NewMoon, FirstQuarter, FullMoon, LastQuarter };
 
 // Fraction of the lunation added to the whole lunation number: 0, 0.25, 0.5, 0.75.
 double lunation_fraction(MoonPhase phase);
@@ -106,7 +105,6 @@ struct MoonPhaseLine {
     MoonPhase phase = MoonPhase::None;
     int marker = 0;
 };
-MoonPhaseLine moon_phase_line(const calendar::Day& day, const settings::Settings& settings,
-                              InstantMemo& memo);
+MoonPhaseLine moon_phase_line(const calendar::Day& day, const Place& place, InstantMemo& memo);
 
 }  // namespace sk::astro

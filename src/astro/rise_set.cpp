@@ -37,15 +37,15 @@ bool is_twilight(RiseSetKind kind) {
 // 0..24 of one day. Each hour is computed once; a two-hour step reads three.
 class AltitudeCurve {
   public:
-    AltitudeCurve(RiseSetKind kind, const calendar::Day& day, const settings::Settings& settings)
+    AltitudeCurve(RiseSetKind kind, const calendar::Day& day, const Place& place)
         : m_moon(kind == RiseSetKind::Moon),
-          m_sin_latitude(sin_deg(settings.latitude)),  // degrees.minutes used as degrees
-          m_cos_latitude(cos_deg(settings.latitude)),
-          m_west_longitude(settings.longitude),
+          m_sin_latitude(sin_deg(place.latitude)),  // degrees.minutes used as degrees
+          m_cos_latitude(cos_deg(place.latitude)),
+          m_west_longitude(place.longitude),
           m_sin_threshold(sin_deg(row_of(kind).threshold_degrees)) {
         const int mjd0 = mjd_of_day(day.number);
-        double zone = -settings.time_zone;
-        if (settings.auto_summer_time != 0 && summer_time_on_day(mjd0, day.year)) zone -= 1.0;
+        double zone = -place.time_zone;
+        if (place.auto_summer_time && summer_time_on_day(mjd0, day.year)) zone -= 1.0;
         m_local_midnight = mjd0 + zone / 24.0;  // MJD (UT) of 0:00 local time
     }
 
@@ -84,12 +84,16 @@ double threshold_altitude(RiseSetKind kind) {
     return row_of(kind).threshold_degrees;
 }
 
-TwilightChoice twilight_choice(int stored_twilight_kind) {
-    if (stored_twilight_kind < 0 || stored_twilight_kind > 2)
-        return {RiseSetKind::CivilTwilight, true};
-    return {static_cast<RiseSetKind>(static_cast<int>(RiseSetKind::CivilTwilight) +
-                                     stored_twilight_kind),
-            false};
+RiseSetKind rise_set_kind(Twilight twilight) {
+    switch (twilight) {
+        case Twilight::Nautical:
+            return RiseSetKind::NauticalTwilight;
+        case Twilight::Astronomical:
+            return RiseSetKind::AstronomicalTwilight;
+        case Twilight::Civil:
+            break;
+    }
+    return RiseSetKind::CivilTwilight;
 }
 
 ParabolaFit fit_parabola(double y_minus, double y0, double y_plus) {
@@ -111,9 +115,8 @@ ParabolaFit fit_parabola(double y_minus, double y0, double y_plus) {
     return fit;
 }
 
-Crossings find_crossings(RiseSetKind kind, const calendar::Day& day,
-                         const settings::Settings& settings) {
-    AltitudeCurve y(kind, day, settings);
+Crossings find_crossings(RiseSetKind kind, const calendar::Day& day, const Place& place) {
+    AltitudeCurve y(kind, day, place);
     Crossings found;
     int hour = 1;
     do {
@@ -159,9 +162,8 @@ std::string clock_time_text(double hours) {
     return text;
 }
 
-std::string rise_set_line(RiseSetKind kind, const calendar::Day& day,
-                          const settings::Settings& settings) {
-    const Crossings found = find_crossings(kind, day, settings);
+std::string rise_set_line(RiseSetKind kind, const calendar::Day& day, const Place& place) {
+    const Crossings found = find_crossings(kind, day, place);
     std::string line = row_of(kind).label;
     if (found.rise == 0.0 && found.set == 0.0) {
         if (is_twilight(kind)) {

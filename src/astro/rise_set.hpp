@@ -9,8 +9,8 @@
 
 #include <string>
 
+#include "astro/place.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::astro {
 
@@ -25,13 +25,8 @@ enum class RiseSetKind {
 
 double threshold_altitude(RiseSetKind kind);  // degrees
 
-// The twilight kind of the settings (0 civil, 1 nautical, 2 astronomical).
-// Any other stored value is timed as civil twilight and must be reset to 0.
-struct TwilightChoice {
-    RiseSetKind kind = RiseSetKind::CivilTwilight;
-    bool reset = false;
-};
-TwilightChoice twilight_choice(int stored_twilight_kind);
+// What is timed for the place's twilight.
+RiseSetKind rise_set_kind(Twilight twilight);
 
 // A parabola y = a x² + b x + c through (-1, y_minus), (0, y0), (+1, y_plus).
 struct ParabolaFit {
@@ -51,16 +46,14 @@ struct Crossings {
     double set = 0.0;
     bool above = false;
 };
-Crossings find_crossings(RiseSetKind kind, const calendar::Day& day,
-                         const settings::Settings& settings);
+Crossings find_crossings(RiseSetKind kind, const calendar::Day& day, const Place& place);
 
 // "6:05" for 6.08 h (the minutes rounded), "--:--" for 0.0.
 std::string clock_time_text(double hours);
 
 // "Sonne: 7:42 - 16:58", "Mond: 13:40 - --:--", "Sonne: immer sichtbar",
 // "Dämmerung: immer dunkel", ...
-std::string rise_set_line(RiseSetKind kind, const calendar::Day& day,
-                          const settings::Settings& settings);
+std::string rise_set_line(RiseSetKind kind, const calendar::Day& day, const Place& place);
 
 // "Sommerzeit von 2:00 Uhr auf 3:00 Uhr" on the last Sunday of March,
 // "Winterzeit von 3:00 Uhr auf 2:00b Uhr" on the last Sunday of October,

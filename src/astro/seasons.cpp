@@ -62,10 +62,10 @@ double season_instant(int year, Season season) {
     return jde0 + 0.00001 * S / delta_lambda;
 }
 
-std::string season_line(const calendar::Day& day, const settings::Settings& settings) {
+std::string season_line(const calendar::Day& day, const Place& place) {
     for (const SeasonRow& r : kSeasons) {
         if (r.month_index == day.month_index) {
-            return event_time_text(season_instant(day.year, r.season), r.label, day, settings);
+            return event_time_text(season_instant(day.year, r.season), r.label, day, place);
         }
     }
     return {};

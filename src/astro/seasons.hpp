@@ -5,8 +5,8 @@
 
 #include <string>
 
+#include "astro/place.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::astro {
 
@@ -18,6 +18,6 @@ double season_instant(int year, Season season);
 
 // "Frühlingsanfang: 4:06" and so on, only in the event's month and only on
 // its local date; empty otherwise.
-std::string season_line(const calendar::Day& day, const settings::Settings& settings);
+std::string season_line(const calendar::Day& day, const Place& place);
 
 }  // namespace sk::astro

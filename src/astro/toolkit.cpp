@@ -58,19 +58,19 @@ bool summer_time_on_day(int mjd, int year) {
     return start < mjd && mjd <= end;
 }
 
-double event_summer_time_shift(double shifted_jd, int year, const settings::Settings& settings) {
-    if (settings.auto_summer_time == 0) return 0.0;
+double event_summer_time_shift(double shifted_jd, int year, const Place& place) {
+    if (!place.auto_summer_time) return 0.0;
     const double start = event_rule_last_sunday(year, kMarch) + kEventSwitchOffset;
     const double end = event_rule_last_sunday(year, kOctober) + kEventSwitchOffset;
     return start < shifted_jd && shifted_jd < end ? kOneHourInDays : 0.0;
 }
 
 std::string event_time_text(double jd, std::string_view label, const calendar::Day& day,
-                            const settings::Settings& settings) {
+                            const Place& place) {
     // JD + zone + 0.5, written in these steps and evaluated left to right, so
     // that trunc(x) is the Julian day number of the local date.
-    double x = jd + settings.time_zone / 24.0 - 1.0 / 24.0 + 13.0 / 24.0;
-    x += event_summer_time_shift(x, day.year, settings);
+    double x = jd + place.time_zone / 24.0 - 1.0 / 24.0 + 13.0 / 24.0;
+    x += event_summer_time_shift(x, day.year, place);
     if (std::trunc(x) != day.number + kJulianDayNumberOfDayZero) return {};
 
     int seconds = static_cast<int>((x - std::trunc(x)) * 86400.0);

@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
+#include "astro/place.hpp"
 #include "calendar/dates.hpp"
-#include "settings/settings.hpp"
 
 namespace sk::astro {
 
@@ -52,11 +52,11 @@ bool summer_time_on_day(int mjd, int year);
 // Summer-time shift of an event instant in the shifted scale of
 // `event_time_text` (JD + zone + 0.5): 1/24 inside the year's summer-time
 // window, 0 outside it or when automatic summer time is off.
-double event_summer_time_shift(double shifted_jd, int year, const settings::Settings& settings);
+double event_summer_time_shift(double shifted_jd, int year, const Place& place);
 
 // The local clock time of an event at `jd` (UT), labelled, when its local
 // date is `day`: label + "7:05". Empty when the event falls on another day.
 std::string event_time_text(double jd, std::string_view label, const calendar::Day& day,
-                            const settings::Settings& settings);
+                            const Place& place);
 
 }  // namespace sk::astro

@@ -7,7 +7,9 @@
 #include <cstdint>
 #include <string_view>
 
+#include "calendar/colour.hpp"
 #include "calendar/dates.hpp"
+#include "calendar/ranges.hpp"
 
 namespace sk::calendar {
 
@@ -64,7 +66,7 @@ struct ShiftModel {
     int free_day_level;
 };
 
-inline constexpr int kModelCount = 8;
+inline constexpr int kModelCount = kModels.max + 1;
 
 inline constexpr std::array<ShiftModel, kModelCount> kShiftModels = {{
     {0, "Rodenwald PM 1", "Rodenwald Papier Vierschichtkalender", 'N', 5, 1, 35,
@@ -90,10 +92,11 @@ inline constexpr std::array<ShiftModel, kModelCount> kShiftModels = {{
 // The chooser lists model 5 in third place.
 inline constexpr std::array<int, kModelCount> kChooserOrder = {0, 1, 5, 2, 3, 4, 6, 7};
 
-// Crew colours as red + green*256 + blue*65536: red, blue, yellow, green, orange.
-inline constexpr std::array<std::uint32_t, 5> kCrewColours = {255, 16711680, 65535, 65280, 763883};
+// Crew colours: red, blue, yellow, green, orange.
+inline constexpr std::array<Rgb, 5> kCrewColours = {
+    Rgb{255, 0, 0}, Rgb{0, 0, 255}, Rgb{255, 255, 0}, Rgb{0, 255, 0}, Rgb{235, 167, 11}};
 
-constexpr bool is_valid_model(int model) { return model >= 0 && model < kModelCount; }
+constexpr bool is_valid_model(int model) { return kModels.contains(model); }
 // Models whose five crews take a vacation block.
 constexpr bool has_vacation_block(int model) { return model >= 0 && model <= 5 && model != 2; }
 // Models that offer the button that shows or hides the block.

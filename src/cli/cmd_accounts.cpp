@@ -1,8 +1,5 @@
 // "schichtkalender accounts": the hours balance, the remaining vacation and
 // the "Jahresstunden" table of the user, as the main window shows them.
-#include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <ostream>
 #include <string>
 
@@ -33,15 +30,6 @@ constexpr std::string_view kUsage =
     "  --model N     Schichtkalender 0 bis 7 statt der Einstellung \"Schichtart\";\n"
     "                die Kalender 6 und 7 führen keine Konten\n";
 
-// Hours with two decimals and a decimal comma (1982,76), whatever the locale.
-std::string hours_cell(double hours) {
-    const long long cents = std::llround(hours * 100.0);
-    char buffer[48];
-    std::snprintf(buffer, sizeof buffer, "%s%lld,%02lld", cents < 0 ? "-" : "",
-                  std::llabs(cents) / 100, std::llabs(cents) % 100);
-    return buffer;
-}
-
 void print_yearly_hours(std::ostream& out, const marks::YearlyHours& table) {
     out << "Jahresstunden\t" << table.year << '\n';
     if (table.crews == 0) return;
@@ -51,13 +39,16 @@ void print_yearly_hours(std::ostream& out, const marks::YearlyHours& table) {
     out << '\n';
     for (std::size_t m = 0; m < 12; ++m) {
         out << calendar::kMonthNames[m];
-        for (std::size_t c = 0; c < crews; ++c) out << '\t' << hours_cell(table.months[m][c]);
+        for (std::size_t c = 0; c < crews; ++c)
+            out << '\t' << marks::hours_text(table.months[m][c]);
         out << '\n';
     }
     out << "Summe";
-    for (std::size_t c = 0; c < crews; ++c) out << '\t' << hours_cell(table.sums[c]);
+    for (std::size_t c = 0; c < crews; ++c)
+        out << '\t' << marks::hours_text(table.sums[c]);
     out << "\nSoll";
-    for (std::size_t c = 0; c < crews; ++c) out << '\t' << hours_cell(table.target);
+    for (std::size_t c = 0; c < crews; ++c)
+        out << '\t' << marks::hours_text(table.target);
     out << '\n';
 }
 
@@ -66,10 +57,10 @@ int run_accounts(const Args& args, std::ostream& out, std::ostream& err) {
     if (!options.positional().empty())
         throw UsageError("unerwartetes Argument \"" + options.positional().front() + "\"");
     const Day now = today(options);
-    if (now.number < calendar::kFirstDay || now.number > calendar::kLastDay)
+    if (!calendar::kCalendarDays.contains(now.number))
         throw UsageError("der Kalender reicht vom 1970-01-01 bis zum 2037-07-31, nicht " +
                          calendar::format_iso_date(now));
-    const auto model = options.integer("model", 0, calendar::kModelCount - 1);
+    const auto model = options.integer("model", calendar::kModels);
     session::Session session = open_user_session(options, err);
     marks::PlanContext plan = session::plan_context(session);
     if (model) plan.model = *model;

@@ -129,14 +129,14 @@ int run_days(const Args& args, std::ostream& out, std::ostream& err) {
     const Day to = options.date("to").value_or(
         Day::from_date(from.year, from.month_index, from.month_length()));
     for (const Day& d : {from, to}) {
-        if (d.number < calendar::kFirstDay || d.number > calendar::kLastDay)
+        if (!calendar::kCalendarDays.contains(d.number))
             throw UsageError("der Kalender reicht vom 1970-01-01 bis zum 2037-07-31, nicht " +
                              calendar::format_iso_date(d));
     }
     if (from.number > to.number)
         throw UsageError("--from " + calendar::format_iso_date(from) + " liegt nach --to " +
                          calendar::format_iso_date(to));
-    const auto model = options.integer("model", 0, 7);
+    const auto model = options.integer("model", calendar::kModels);
     const session::Session session = open_user_session(options, err);
 
     const DaysRequest request{from,

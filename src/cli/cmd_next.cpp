@@ -36,7 +36,7 @@ int run_next(const Args& args, std::ostream& out, std::ostream& err) {
     if (format != "text" && format != "json")
         throw UsageError("\"" + format +
                          "\" ist kein gültiges Format für --format (text oder json)");
-    const int count = options.integer("days", 1, 1000).value_or(7);
+    const int count = options.integer("days", calendar::Range<int>{1, 1000}).value_or(7);
     const calendar::Day now = today(options);
     if (now.number < calendar::kFirstDay || now.number > calendar::kLastDay)
         throw UsageError("der Kalender reicht vom 1970-01-01 bis zum 2037-07-31, nicht " +

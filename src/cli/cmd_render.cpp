@@ -121,8 +121,8 @@ int run_render(const Args& args, std::ostream& out, std::ostream& err) {
     const Day now = today(options);
     const Day first_month = options.value("month") ? parse_month(*options.value("month"))
                                                    : Day::from_date(now.year, now.month_index, 1);
-    const auto columns = options.integer("columns", 1, 23);
-    const auto model = options.integer("model", 0, 7);
+    const auto columns = options.integer("columns", calendar::kRenderColumns);
+    const auto model = options.integer("model", calendar::kModels);
     const auto cursor = options.date("cursor");
     std::optional<view::FontSpec> font;
     if (const auto f = options.value("font")) font = parse_font(*f);

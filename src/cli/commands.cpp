@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <iostream>
 
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
 #include "settings/users.hpp"
 
 namespace sk::cli {
@@ -89,13 +89,14 @@ std::optional<calendar::Day> Options::date(std::string_view name) const {
     return day;
 }
 
-std::optional<int> Options::integer(std::string_view name, int min, int max) const {
+std::optional<int> Options::integer(std::string_view name, calendar::Range<int> allowed) const {
     const auto text = value(name);
     if (!text) return std::nullopt;
     const auto number = parse_integer(*text);
-    if (!number || *number < min || *number > max)
+    if (!number || *number < allowed.min || *number > allowed.max)
         throw UsageError("\"" + *text + "\" ist kein gültiger Wert für --" + std::string(name) +
-                         " (erlaubt: " + std::to_string(min) + " bis " + std::to_string(max) + ")");
+                         " (erlaubt: " + std::to_string(allowed.min) + " bis " +
+                         std::to_string(allowed.max) + ")");
     return static_cast<int>(*number);
 }
 
@@ -114,8 +115,8 @@ session::Session open_user_session(const Options& options, std::ostream& err, Us
     const std::string user = options.value("user").value_or(std::string(settings::kDefaultUser));
     if (const auto error = settings::user_name_error(user)) throw UsageError(*error);
     const std::string password = options.value("password").value_or("");
-    settings::EncodeError encode_error;
-    if (!settings::utf8_to_latin9(password, &encode_error))
+    files::EncodeError encode_error;
+    if (!files::utf8_to_latin9(password, &encode_error))
         throw UsageError("das Passwort (--password) ist nicht verwendbar: " + encode_error.message);
 
     session::OpenRequest request;

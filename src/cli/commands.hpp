@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "calendar/dates.hpp"
+#include "calendar/ranges.hpp"
 #include "session/session.hpp"
 
 namespace sk::cli {
@@ -58,7 +59,7 @@ public:
 
     // Typed readers: throw UsageError with a German message on bad values.
     std::optional<calendar::Day> date(std::string_view name) const;
-    std::optional<int> integer(std::string_view name, int min, int max) const;
+    std::optional<int> integer(std::string_view name, calendar::Range<int> allowed) const;
 
 private:
     std::map<std::string, std::string, std::less<>> m_values;

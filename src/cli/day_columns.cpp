@@ -1,17 +1,14 @@
 #include "astro/day_information.hpp"
 #include "cli/days_table.hpp"
 #include "notes/notes_of_day.hpp"
+#include "settings/astro_place.hpp"
 
 namespace sk::cli {
 
 DayColumns day_columns(const session::Session& session) {
     DayColumns columns;
-    columns.astro = [settings = session.settings](const calendar::Day& day) mutable {
-        const astro::DayEvents events = astro::day_events(day, settings);
-        // A twilight kind the program does not know is timed as civil
-        // twilight and stays civil from then on.
-        if (events.twilight_reset) settings.twilight = 0;
-        return astro::day_information(events);
+    columns.astro = [place = settings::astro_place(session.settings)](const calendar::Day& day) {
+        return astro::day_information(day, place);
     };
     if (session.user_dir_found) {
         columns.notes = [&notes = session.notes](const calendar::Day& day) {

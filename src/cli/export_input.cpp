@@ -10,7 +10,7 @@ exporting::ExportSource ExportInput::source() const {
 }
 
 ExportInput read_export_input(const Options& options, std::ostream& err, bool with_notes) {
-    const auto model = options.integer("model", 0, 7);
+    const auto model = options.integer("model", calendar::kModels);
     ExportInput input{open_user_session(options, err), with_notes, {}};
     const settings::Settings& s = input.session.settings;
     input.plan.model = model.value_or(calendar::is_valid_model(s.model) ? s.model : 0);

@@ -7,7 +7,7 @@
 #include "calendar/shift_model.hpp"
 #include "export/ical_zone.hpp"
 #include "notes/notes_of_day.hpp"
-#include "settings/atomic_file.hpp"
+#include "files/atomic_file.hpp"
 
 namespace sk::exporting {
 
@@ -180,7 +180,7 @@ ExportText ics_text(const ExportSource& source, const IcsOptions& options) {
 std::optional<std::string> write_export(const std::filesystem::path& file, const ExportText& text) {
     if (text.error) return text.error;
     std::string error;
-    if (!settings::write_file_atomic(file, text.text, &error)) return error;
+    if (!files::write_file_atomic(file, text.text, &error)) return error;
     return std::nullopt;
 }
 

@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "marks/records.hpp"
-#include "settings/atomic_file.hpp"
+#include "files/atomic_file.hpp"
 
 namespace sk::marks {
 
@@ -91,11 +91,11 @@ AccountState load_accounts(const std::filesystem::path& user_dir, AccountState s
 }
 
 bool save_hours_file(const std::filesystem::path& user_dir, const HoursAccount& hours) {
-    return settings::write_file_atomic(user_dir / kHoursFile, serialize_hours_record(hours));
+    return files::write_file_atomic(user_dir / kHoursFile, serialize_hours_record(hours));
 }
 
 bool save_vacation_file(const std::filesystem::path& user_dir, const VacationAccount& vacation) {
-    return settings::write_file_atomic(user_dir / kVacationFile, serialize_vacation_record(vacation));
+    return files::write_file_atomic(user_dir / kVacationFile, serialize_vacation_record(vacation));
 }
 
 }  // namespace sk::marks

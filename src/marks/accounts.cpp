@@ -25,7 +25,7 @@ double day_hours(DayNumber d) { return kShiftHours + (is_sunday(d) ? kSundayExtr
 // Markings outside the calendar's days are left out of every account; the
 // dialog never makes them.
 bool counts(const ShiftMarking& m) {
-    return m.day >= calendar::kFirstDay && m.day <= calendar::kLastDay;
+    return calendar::kCalendarDays.contains(m.day);
 }
 
 // The home crew's shift code on a day of the current year's plan, with the
@@ -112,7 +112,7 @@ double start_value_in_hours(const HoursAccount& hours) {
     return whole + (value - whole) * 100.0 / 60.0;
 }
 
-std::string format_balance(double hours, int mode) {
+std::string hours_text(double hours, int mode) {
     char buffer[48];
     if (mode == hours_mode::kHoursMinutes) {
         const long long minutes = std::llround(hours * 60.0);
@@ -123,7 +123,11 @@ std::string format_balance(double hours, int mode) {
         std::snprintf(buffer, sizeof buffer, "%s%lld,%02lld", cents < 0 ? "-" : "",
                       std::llabs(cents) / 100, std::llabs(cents) % 100);
     }
-    std::string text = buffer;
+    return buffer;
+}
+
+std::string format_balance(double hours, int mode) {
+    std::string text = hours_text(hours, mode);
     if (text.size() < 7) text.insert(0, 7 - text.size(), ' ');
     return text;
 }

@@ -16,6 +16,7 @@
 #include <string>
 #include <string_view>
 
+#include "calendar/colour.hpp"
 #include "calendar/dates.hpp"
 #include "calendar/vacation.hpp"
 #include "marks/account_files.hpp"
@@ -68,17 +69,22 @@ double start_value_in_hours(const HoursAccount& hours);
 struct HoursBalance {
     double hours = 0;         // decimal hours
     std::string text;         // 7 characters, right-aligned
-    std::int32_t colour = 0;  // red + green * 256 + blue * 65536
+    calendar::Rgb colour = calendar::kBlack;
 };
-inline constexpr std::int32_t kBalanceLowColour = 160;         // dark red, below -40 hours
-inline constexpr std::int32_t kBalanceHighColour = 160 * 256;  // dark green, above 40 hours
+inline constexpr calendar::Rgb kBalanceLowColour{160, 0, 0};   // dark red, below -40 hours
+inline constexpr calendar::Rgb kBalanceHighColour{0, 160, 0};  // dark green, above 40 hours
 HoursBalance hours_balance(const ShiftMarkings& markings, const AccountState& state,
                            const PlanContext& plan, const Day& today);
 
-// The balance as shown: two decimals with "," in the decimal mode
-// ("  12,50"), hours and minutes with ":" in the other ("  12:30"), padded
-// with leading blanks to 7 characters. Minutes are rounded to whole minutes
-// first, so a balance never reads 7:60.
+// Hours as every text of the program writes them, whatever the locale: two
+// decimals with a decimal comma ("1982,76", "-0,50"), or in the
+// hours-and-minutes mode hours and minutes ("7:30"). The value is first
+// rounded, half away from zero, to hundredths or to whole minutes, so no
+// text reads "-0,00" or "7:60".
+std::string hours_text(double hours, int mode = hours_mode::kDecimal);
+
+// The balance as shown: hours_text padded with leading blanks to 7
+// characters ("  12,50", "  12:30").
 std::string format_balance(double hours, int mode);
 
 // On the first computation in a new year the reference date moves to
@@ -97,7 +103,7 @@ std::string remaining_vacation_text(const ShiftMarkings& markings, const Account
 // The two fields of the status lines; empty texts in models 6 and 7.
 struct AccountTexts {
     std::string hours;
-    std::int32_t hours_colour = 0;
+    calendar::Rgb hours_colour = calendar::kBlack;
     std::string vacation;
 };
 AccountTexts account_texts(const ShiftMarkings& markings, const AccountState& state,

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "files/atomic_file.hpp"
 #include "marks/records.hpp"
-#include "settings/atomic_file.hpp"
 
 namespace sk::marks {
 
@@ -23,9 +23,10 @@ std::optional<std::size_t> marking_at(const CalendarMarkings& markings, DayNumbe
     return static_cast<std::size_t>(it - items.begin());
 }
 
-std::int32_t marking_colour_of_day(const CalendarMarkings& markings, DayNumber day) {
+std::optional<Rgb> marking_colour_of_day(const CalendarMarkings& markings, DayNumber day) {
     const auto at = marking_at(markings, day);
-    return at ? markings.items[*at].colour : 0;
+    if (!at || markings.items[*at].colour == calendar::kBlack) return std::nullopt;
+    return markings.items[*at].colour;
 }
 
 CalendarMarking propose_marking(const CalendarMarkings& markings, DayNumber day) {
@@ -33,7 +34,7 @@ CalendarMarking propose_marking(const CalendarMarkings& markings, DayNumber day)
     return {day, day + kProposedExtraDays, kDefaultMarkingColour};
 }
 
-CalendarMarking ordered(DayNumber start, DayNumber end, std::int32_t colour) {
+CalendarMarking ordered(DayNumber start, DayNumber end, Rgb colour) {
     if (end < start) std::swap(start, end);
     return {start, end, colour};
 }
@@ -45,7 +46,7 @@ std::optional<std::size_t> bar_overwritten_by(const CalendarMarkings& markings, 
 }
 
 CalendarMarking save_marking(CalendarMarkings& markings, DayNumber start, DayNumber end,
-                             std::int32_t colour) {
+                             Rgb colour) {
     const CalendarMarking bar = ordered(start, end, colour);
     if (const auto at = bar_overwritten_by(markings, bar.start, bar.end))
         markings.items[*at] = bar;
@@ -78,7 +79,10 @@ CalendarMarkings parse_calendar_markings(std::string_view bytes) {
     markings.items.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t at = i * kCalendarMarkingRecord;
-        markings.items.push_back({get_i32(bytes, at), get_i32(bytes, at + 4), get_i32(bytes, at + 8)});
+        const auto colour = static_cast<std::uint32_t>(get_i32(bytes, at + 8));
+        markings.items.push_back({get_i32(bytes, at), get_i32(bytes, at + 4),
+                                  Rgb::from_value(colour),
+                                  static_cast<std::uint8_t>(colour >> 24)});
     }
     return markings;
 }
@@ -89,13 +93,14 @@ std::string serialize_calendar_markings(const CalendarMarkings& markings) {
     for (const CalendarMarking& m : markings.items) {
         put_i32(bytes, m.start);
         put_i32(bytes, m.end);
-        put_i32(bytes, m.colour);
+        const std::uint32_t colour = m.colour.value() | std::uint32_t{m.colour_top_byte} << 24;
+        put_i32(bytes, static_cast<std::int32_t>(colour));
     }
     return bytes;
 }
 
 CalendarMarkings load_calendar_markings(const std::filesystem::path& user_dir) {
-    const auto bytes = settings::read_file(user_dir / kCalendarMarkingsFile,
+    const auto bytes = files::read_file(user_dir / kCalendarMarkingsFile,
                                            kMaxCalendarMarkings * kCalendarMarkingRecord);
     if (!bytes) return {};
     return parse_calendar_markings(*bytes);

@@ -13,22 +13,24 @@
 #include <string_view>
 #include <vector>
 
+#include "calendar/colour.hpp"
 #include "calendar/dates.hpp"
 
 namespace sk::marks {
 
 using calendar::DayNumber;
-
-// Colours are red + green * 256 + blue * 65536.
-constexpr std::int32_t rgb(int red, int green, int blue) { return red + green * 256 + blue * 65536; }
+using calendar::Rgb;
 
 // Colour proposed for a new bar.
-inline constexpr std::int32_t kDefaultMarkingColour = rgb(239, 194, 161);
+inline constexpr Rgb kDefaultMarkingColour{239, 194, 161};
 
 struct CalendarMarking {
     DayNumber start = 0;
     DayNumber end = 0;  // not before start, unless a foreign file says so
-    std::int32_t colour = 0;
+    Rgb colour;
+    // The file's fourth byte of the colour, which means nothing: 0 in the
+    // files this program writes, kept as read from a foreign one.
+    std::uint8_t colour_top_byte = 0;
     constexpr bool covers(DayNumber d) const { return start <= d && d <= end; }
     friend bool operator==(const CalendarMarking&, const CalendarMarking&) = default;
 };
@@ -43,16 +45,17 @@ struct CalendarMarkings {
 // Index of the first bar that covers the day, or nullopt.
 std::optional<std::size_t> marking_at(const CalendarMarkings& markings, DayNumber day);
 
-// Colour of the first bar that covers the day; 0 when none does, so a black
-// bar cannot be told from an unmarked day.
-std::int32_t marking_colour_of_day(const CalendarMarkings& markings, DayNumber day);
+// Colour of the first bar that covers the day; nullopt when none does and
+// also for a black bar, which cannot be told from an unmarked day (colour 0
+// has always meant "no marking").
+std::optional<Rgb> marking_colour_of_day(const CalendarMarkings& markings, DayNumber day);
 
 // What the dialog shows when it opens on a day: the covering bar, or for an
 // unmarked day an eight-day bar from that day on in the default colour.
 CalendarMarking propose_marking(const CalendarMarkings& markings, DayNumber day);
 
 // The dialog's two dates as entered, with the earlier one as start.
-CalendarMarking ordered(DayNumber start, DayNumber end, std::int32_t colour);
+CalendarMarking ordered(DayNumber start, DayNumber end, Rgb colour);
 
 // The bar a save of (start, end) overwrites: the first that covers the
 // start, else the first that covers the end, else nullopt (a new bar is
@@ -64,7 +67,7 @@ std::optional<std::size_t> bar_overwritten_by(const CalendarMarkings& markings, 
 // The dialog's "Speichern": orders the dates, overwrites or adds the bar as
 // above and sorts the list by start. Returns the saved bar.
 CalendarMarking save_marking(CalendarMarkings& markings, DayNumber start, DayNumber end,
-                             std::int32_t colour);
+                             Rgb colour);
 
 // Deletes the first bar that covers the day; false when none does. The
 // dialog's "Löschen" calls it with the (ordered) start date.

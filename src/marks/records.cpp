@@ -8,8 +8,8 @@
 #include <cerrno>
 #include <utility>
 
-#include "settings/atomic_file.hpp"
-#include "settings/file_descriptor.hpp"
+#include "files/atomic_file.hpp"
+#include "files/file_descriptor.hpp"
 
 namespace sk::marks {
 
@@ -50,7 +50,7 @@ std::optional<std::string_view> last_record(std::string_view bytes, std::size_t 
 
 std::optional<std::string> read_last_record(const std::filesystem::path& file,
                                             std::size_t record_size) {
-    settings::FileDescriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    files::FileDescriptor fd(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
     if (fd.get() < 0) return std::nullopt;
     struct stat info {};
     if (::fstat(fd.get(), &info) != 0 || !S_ISREG(info.st_mode)) return std::nullopt;
@@ -71,8 +71,8 @@ std::optional<std::string> read_last_record(const std::filesystem::path& file,
 }
 
 bool write_or_remove(const std::filesystem::path& file, std::string_view bytes) {
-    if (bytes.empty()) return settings::remove_file(file);
-    return settings::write_file_atomic(file, bytes);
+    if (bytes.empty()) return files::remove_file(file);
+    return files::write_file_atomic(file, bytes);
 }
 
 }  // namespace sk::marks

@@ -4,8 +4,8 @@
 #include <array>
 
 #include "calendar/shift_model.hpp"
+#include "files/atomic_file.hpp"
 #include "marks/records.hpp"
-#include "settings/atomic_file.hpp"
 
 namespace sk::marks {
 
@@ -80,7 +80,7 @@ int column_shift(int model, DayNumber d, int column) {
 }
 
 bool may_mark_day(int model, const Day& day, int column) {
-    if (day.number < calendar::kFirstDay || day.number > calendar::kLastDay) return false;
+    if (!calendar::kCalendarDays.contains(day.number)) return false;
     const int s = column_shift(model, day.number, column);
     if (s < 0) return false;
     if (model == 2) return s >= 1 && s <= 3;
@@ -153,7 +153,7 @@ std::string serialize_shift_markings(const ShiftMarkings& markings) {
 }
 
 ShiftMarkings load_shift_markings(const std::filesystem::path& user_dir) {
-    const auto bytes = settings::read_file(user_dir / kShiftMarkingsFile,
+    const auto bytes = files::read_file(user_dir / kShiftMarkingsFile,
                                            kMaxShiftMarkings * kShiftMarkingRecord);
     if (!bytes) return {};
     return parse_shift_markings(*bytes);

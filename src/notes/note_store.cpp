@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "notes/note_cipher.hpp"
-#include "settings/atomic_file.hpp"
-#include "settings/text_encoding.hpp"
+#include "files/atomic_file.hpp"
+#include "files/text_encoding.hpp"
 
 namespace sk::notes {
 
@@ -60,9 +60,9 @@ void NoteStore::scan(NoteKind kind) {
 
 std::optional<std::string> NoteStore::read_note(const std::string& name) const {
     if (m_directory.empty()) return std::nullopt;
-    const auto stored = settings::read_file(m_directory / name, kMaxStoredBytes);
+    const auto stored = files::read_file(m_directory / name, kMaxStoredBytes);
     if (!stored) return std::nullopt;
-    return settings::latin9_to_utf8(decipher_note(*stored, m_password));
+    return files::latin9_to_utf8(decipher_note(*stored, m_password));
 }
 
 std::string NoteStore::read_daily(std::int32_t date_key) const {
@@ -93,11 +93,11 @@ std::optional<std::string> NoteStore::write_note(NoteKind kind, const std::strin
     if (text.empty()) {
         remove_note(name);
     } else {
-        settings::EncodeError encode_error;
-        const auto latin9 = settings::utf8_to_latin9(text, &encode_error);
+        files::EncodeError encode_error;
+        const auto latin9 = files::utf8_to_latin9(text, &encode_error);
         if (!latin9) return encode_error.message;
         std::string write_error;
-        if (!settings::write_file_atomic(m_directory / name, encipher_note(*latin9, m_password),
+        if (!files::write_file_atomic(m_directory / name, encipher_note(*latin9, m_password),
                                          &write_error))
             error = write_error;
     }
@@ -106,7 +106,7 @@ std::optional<std::string> NoteStore::write_note(NoteKind kind, const std::strin
 }
 
 void NoteStore::remove_note(const std::string& name) const {
-    if (!m_directory.empty()) settings::remove_file(m_directory / name);
+    if (!m_directory.empty()) files::remove_file(m_directory / name);
 }
 
 std::optional<std::string> NoteStore::write_daily(std::int32_t date_key, std::string_view text) {

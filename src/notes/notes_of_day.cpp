@@ -1,6 +1,6 @@
 #include "notes/notes_of_day.hpp"
 
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
 
 namespace sk::notes {
 
@@ -155,7 +155,7 @@ std::string apply_year_placeholder(std::string text, int year) {
         if (close == std::string::npos) return text;
         const std::string_view inside = std::string_view(text).substr(open + 1, close - open - 1);
         // Characters, not bytes: the text is UTF-8 and the rule counts characters.
-        const std::size_t length = settings::utf8_length(inside);
+        const std::size_t length = files::utf8_length(inside);
         if (length == 0 || length >= 5) return text;
         const std::int32_t number = numeric_value(inside).value_or(0);  // at most 4 digits
         if (number == 0) return text;

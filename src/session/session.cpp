@@ -2,7 +2,7 @@
 
 #include "session/data_directory.hpp"
 #include "settings/settings_file.hpp"
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
 
 namespace sk::session {
 
@@ -12,8 +12,8 @@ OpenResult open_session(const OpenRequest& request) {
         result.error = *error;
         return result;
     }
-    settings::EncodeError encode_error;
-    const auto password = settings::utf8_to_latin9(request.password_utf8, &encode_error);
+    files::EncodeError encode_error;
+    const auto password = files::utf8_to_latin9(request.password_utf8, &encode_error);
     if (!password) {
         result.error = "Das Passwort ist nicht verwendbar: " + encode_error.message;
         return result;

@@ -4,6 +4,7 @@
 // (see settings_file.hpp).
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 namespace sk::settings {
@@ -13,6 +14,9 @@ namespace sk::settings {
 // positive towards west, so east is negative.
 inline constexpr double kDefaultLatitude = 49.01;
 inline constexpr double kDefaultLongitude = -12.06;
+
+// "Ortsname" holds at most this many characters.
+inline constexpr std::size_t kMaxPlaceNameLength = 50;
 
 struct Settings {
     // [Programmeinstellungen]

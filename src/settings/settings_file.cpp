@@ -7,7 +7,8 @@
 #include <cstdint>
 #include <map>
 
-#include "settings/atomic_file.hpp"
+#include "calendar/ranges.hpp"
+#include "files/atomic_file.hpp"
 
 namespace sk::settings {
 
@@ -82,7 +83,7 @@ char32_t fold(char32_t c) {
 }
 
 std::u32string folded(std::string_view utf8) {
-    std::u32string out = decode_utf8(utf8).value_or(std::u32string());
+    std::u32string out = files::decode_utf8(utf8).value_or(std::u32string());
     for (auto& c : out) c = fold(c);
     return out;
 }
@@ -97,6 +98,18 @@ std::string_view trim(std::string_view s) {
 // Values by folded group and key name, UTF-8; a later line wins.
 using Values = std::map<std::pair<std::u32string, std::u32string>, std::string>;
 
+// A line of the file as UTF-8. A line saved by a UTF-8 editor is taken as
+// such; a line of the file's own character set is almost never valid UTF-8.
+std::string line_text(std::string_view raw) {
+    for (const char b : raw) {
+        if (static_cast<unsigned char>(b) >= 0x80) {
+            if (files::decode_utf8(raw) && files::utf8_to_latin9(raw)) return std::string(raw);
+            break;
+        }
+    }
+    return files::latin9_to_utf8(raw);
+}
+
 Values parse_lines(std::string_view bytes) {
     Values values;
     std::u32string group;
@@ -104,15 +117,7 @@ Values parse_lines(std::string_view bytes) {
         const auto end = bytes.find('\n');
         std::string_view raw = bytes.substr(0, end);
         bytes.remove_prefix(end == std::string_view::npos ? bytes.size() : end + 1);
-        // A line saved by a UTF-8 editor is taken as such; a line of the
-        // file's own character set is almost never valid UTF-8.
-        std::string line = latin9_to_utf8(raw);
-        for (const char b : raw) {
-            if (static_cast<unsigned char>(b) >= 0x80) {
-                if (decode_utf8(raw) && utf8_to_latin9(raw)) line = std::string(raw);
-                break;
-            }
-        }
+        const std::string line = line_text(raw);
         const std::string_view text = trim(line);
         if (text.empty() || text.front() == ';' || text.front() == '#') continue;
         if (text.front() == '[') {
@@ -157,6 +162,23 @@ std::string truncate_characters(const std::string& utf8, std::size_t max) {
     return utf8;
 }
 
+// A text value as a reading of the written file gives it back. It ends at a
+// NUL byte (no file name, font or place can hold one) or a line feed, is cut
+// to `max_characters` and loses the blanks around it, which reading trims.
+// Its ISO-8859-15 bytes can happen to form UTF-8 ("ÃŒ" is stored as C3 BC),
+// which the line rule then reads as UTF-8 ("ü"); the text is taken as that
+// reading gives it. Each such step shortens it, so this ends.
+std::string settled_text(const std::string& text, std::size_t max_characters) {
+    const std::string line = text.substr(0, text.find_first_of(std::string_view("\0\n", 2)));
+    std::string settled(trim(truncate_characters(line, max_characters)));
+    while (const auto stored = files::utf8_to_latin9(settled)) {
+        std::string again = line_text(*stored);
+        if (again == settled) break;
+        settled = std::move(again);
+    }
+    return settled;
+}
+
 }  // namespace
 
 Settings default_settings(const std::string& data_root) {
@@ -173,23 +195,29 @@ std::string format_full_precision(double value) {
 }
 
 void normalize_settings(Settings& s, const Settings& defaults) {
-    if (s.model < 0 || s.model > 7) s.model = 0;
-    if (s.columns < 6 || s.columns > 23) s.columns = 6;
-    if (s.twilight < 0 || s.twilight > 2) s.twilight = 0;
-    if (s.font_size < 6 || s.font_size > 72) s.font_size = 10;
-    s.time_zone = std::clamp(s.time_zone, -12.0, 14.0);
+    using namespace calendar;
+    if (!kModels.contains(s.model)) s.model = 0;
+    if (!kColumns.contains(s.columns)) s.columns = kColumns.min;
+    if (!kTwilightKinds.contains(s.twilight)) s.twilight = 0;
+    if (!kFontSizes.contains(s.font_size)) s.font_size = 10;
+    s.time_zone = kTimeZones.clamp(s.time_zone);
     for (int Settings::*flag :
          {&Settings::school_holidays_shown, &Settings::week_numbers_shown,
           &Settings::vacation_block_shown, &Settings::auto_summer_time,
           &Settings::moon_phases_shown, &Settings::perihelion_shown})
         s.*flag = s.*flag != 0 ? 1 : 0;
-    if (s.vacation_start_month < 1 || s.vacation_start_month > 12)
+    if (!kVacationStartMonths.contains(s.vacation_start_month))
         s.vacation_start_month = defaults.vacation_start_month;
-    if (s.vacation_start_day < 1 || s.vacation_start_day > 31)
+    if (!kVacationStartDays.contains(s.vacation_start_day))
         s.vacation_start_day = defaults.vacation_start_day;
-    if (std::fabs(s.latitude) > 90) s.latitude = defaults.latitude;
-    if (std::fabs(s.longitude) > 180) s.longitude = defaults.longitude;
-    s.place_name = truncate_characters(s.place_name, 50);
+    if (!kLatitudes.contains(s.latitude)) s.latitude = defaults.latitude;
+    if (!kLongitudes.contains(s.longitude)) s.longitude = defaults.longitude;
+    for (const Key& key : kKeys) {
+        if (key.kind != Kind::kString) continue;
+        const std::size_t max =
+            key.text == &Settings::place_name ? kMaxPlaceNameLength : std::string::npos;
+        s.*key.text = settled_text(s.*key.text, max);
+    }
 }
 
 Settings parse_settings(std::string_view bytes, const Settings& defaults) {
@@ -224,7 +252,7 @@ Settings parse_settings(std::string_view bytes, const Settings& defaults) {
     return s;
 }
 
-std::optional<std::string> serialize_settings(const Settings& s, EncodeError* error) {
+std::optional<std::string> serialize_settings(const Settings& s, files::EncodeError* error) {
     std::string text;
     std::string_view group;
     for (const Key& key : kKeys) {
@@ -244,24 +272,24 @@ std::optional<std::string> serialize_settings(const Settings& s, EncodeError* er
         }
         text += '\n';
     }
-    return utf8_to_latin9(text, error);
+    return files::utf8_to_latin9(text, error);
 }
 
 Settings read_settings_file(const std::filesystem::path& file, const Settings& defaults) {
-    const auto bytes = read_file(file, 1024 * 1024);
+    const auto bytes = files::read_file(file, 1024 * 1024);
     if (!bytes) return defaults;
     return parse_settings(*bytes, defaults);
 }
 
 bool write_settings_file(const std::filesystem::path& file, const Settings& settings,
                          std::string* error) {
-    EncodeError encode_error;
+    files::EncodeError encode_error;
     const auto bytes = serialize_settings(settings, &encode_error);
     if (!bytes) {
         if (error) *error = encode_error.message;
         return false;
     }
-    return write_file_atomic(file, *bytes, error);
+    return files::write_file_atomic(file, *bytes, error);
 }
 
 }  // namespace sk::settings

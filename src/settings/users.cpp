@@ -1,12 +1,12 @@
 #include "settings/users.hpp"
 
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
 
 namespace sk::settings {
 
 std::optional<std::string> user_name_error(std::string_view name) {
     if (name.empty()) return "Bitte einen Benutzernamen eingeben.";
-    const auto characters = decode_utf8(name);
+    const auto characters = files::decode_utf8(name);
     if (!characters) return "Der Benutzername ist kein gültiger Text.";
     if (characters->size() > kMaxUserNameLength)
         return "Der Benutzername darf höchstens 50 Zeichen lang sein.";
@@ -17,8 +17,8 @@ std::optional<std::string> user_name_error(std::string_view name) {
         if (c < 0x20 || (c >= 0x7F && c < 0xA0))
             return "Der Benutzername darf keine Steuerzeichen enthalten.";
     }
-    EncodeError error;
-    if (!utf8_to_latin9(name, &error)) return error.message;
+    files::EncodeError error;
+    if (!files::utf8_to_latin9(name, &error)) return error.message;
     return std::nullopt;
 }
 

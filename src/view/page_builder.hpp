@@ -35,7 +35,6 @@ inline constexpr Rgb kSunDistance{205, 105, 0};     // perihelion / aphelion let
 inline constexpr Rgb kToday{0, 0, 0};
 inline constexpr Rgb kCursor{30, 95, 215};
 inline constexpr Rgb kMarkingFrame{0, 0, 0};
-inline constexpr Rgb kDefaultMarking{239, 194, 161};  // the marking dialog's first proposal
 inline constexpr Rgb kLegendSwatch{110, 110, 110};
 }  // namespace palette
 

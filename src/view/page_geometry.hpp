@@ -13,7 +13,6 @@ namespace sk::view::geometry {
 
 inline constexpr int kColumnCells = 18;   // pitch of the month columns
 inline constexpr int kPageRows = 40;
-inline constexpr int kMaxColumns = 23;
 inline constexpr double kLeftMargin = 1;  // first month column starts one cell in
 
 // Page width in cells, truncated to 16 bits as the window sizes are.

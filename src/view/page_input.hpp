@@ -11,9 +11,11 @@
 #include <optional>
 #include <vector>
 
+#include "astro/day_symbols.hpp"
 #include "calendar/dates.hpp"
 #include "calendar/vacation.hpp"
 #include "settings/settings.hpp"
+#include "view/colour.hpp"
 
 namespace sk::view {
 
@@ -53,15 +55,8 @@ struct DayRange {
 };
 DayRange page_days(const PageRequest& request);
 
-enum class MoonPhase : std::uint8_t { None, NewMoon, FirstQuarter, FullMoon, LastQuarter };
-
-// The sky symbols of a day.
-struct DaySky {
-    MoonPhase phase = MoonPhase::None;
-    bool solar_eclipse = false, lunar_eclipse = false;
-    bool perigee = false, apogee = false, perihelion = false, aphelion = false;
-    friend bool operator==(const DaySky&, const DaySky&) = default;
-};
+using astro::DaySymbols;
+using astro::MoonPhase;
 
 // A shift marking as stored: the column the user chose (1..4) and the
 // marking code of the model's kind.
@@ -74,12 +69,12 @@ struct ShiftMark {
 // means "none".
 struct PageExtras {
     std::function<bool(const calendar::Day&)> has_notes;
-    // Colour of the calendar marking that covers the day, 0 = none.
-    std::function<std::uint32_t(calendar::DayNumber)> marking_colour;
+    // Colour of the calendar marking that covers the day.
+    std::function<std::optional<Rgb>(calendar::DayNumber)> marking_colour;
     std::function<std::optional<ShiftMark>(calendar::DayNumber)> shift_marking;
     // The sky of every day of a range, one entry per day from `first`;
     // asked once per page.
-    std::function<std::vector<DaySky>(calendar::DayNumber first, calendar::DayNumber last)> sky;
+    std::function<std::vector<DaySymbols>(calendar::DayNumber first, calendar::DayNumber last)> sky;
 };
 
 }  // namespace sk::view

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "calendar/holidays.hpp"
+#include "calendar/ranges.hpp"
 #include "calendar/school_holidays.hpp"
 #include "marks/shift_markings.hpp"
 #include "view/page_builder.hpp"
@@ -64,7 +65,7 @@ Rect note_highlight(double text_right, double text_width, const Rect& row) {
 }
 
 Rgb crew_colour(int crew) {
-    return Rgb::from_value(calendar::kCrewColours[static_cast<std::size_t>(std::clamp(crew, 0, 4))]);
+    return calendar::kCrewColours[static_cast<std::size_t>(std::clamp(crew, 0, 4))];
 }
 
 std::string crew_label(int model, int crew) { return calendar::crew_label(model, crew); }
@@ -182,9 +183,9 @@ private:
         cell.free_day = calendar::is_free_day(day, m_free_level);
         cell.school_holiday = o.school_holidays && calendar::is_school_holiday(day);
         cell.has_notes = m_extras.has_notes && m_extras.has_notes(day);
-        cell.marking_colour = m_extras.marking_colour ? m_extras.marking_colour(day.number) : 0;
+        if (m_extras.marking_colour) cell.marking_colour = m_extras.marking_colour(day.number);
         m_facts.notes |= cell.has_notes;
-        m_facts.markings |= cell.marking_colour != 0;
+        m_facts.markings |= cell.marking_colour.has_value();
 
         // Bands across the row for Saturdays, Sundays and holidays; a rule below.
         if (cell.red) m_b.box(Layer::Band, row, palette::kSundayBand);
@@ -193,9 +194,9 @@ private:
 
         if (cell.school_holiday)
             m_b.box(Layer::Stripe, part(left + g::kStripeX, g::kStripeW, row), palette::kSchoolStripe);
-        if (cell.marking_colour != 0)
+        if (cell.marking_colour)
             m_b.box(Layer::Marking, part(left + g::kMarkingX, g::kMarkingW, row),
-                    Rgb::from_value(cell.marking_colour));
+                    *cell.marking_colour);
         const std::string_view number = kNumbers[static_cast<std::size_t>(day.mday)];
         const double number_right = m_b.px_x(left + g::kNumberRight);
         if (cell.has_notes)
@@ -224,7 +225,7 @@ private:
         layout.days.push_back(cell);
     }
 
-    void sky(double left, const Rect& row, const DaySky& s) {
+    void sky(double left, const Rect& row, const DaySymbols& s) {
         if (s.phase != MoonPhase::None) {
             const double r = std::min(0.3 * row.h, 0.6 * m_b.cell().width);
             const bool eclipse = (s.phase == MoonPhase::NewMoon && s.solar_eclipse) ||
@@ -329,7 +330,7 @@ private:
     std::array<CrewLook, 5> m_crews{};
     const PageExtras& m_extras;
     DayRange m_range;
-    std::vector<DaySky> m_sky;
+    std::vector<DaySymbols> m_sky;
     int m_free_level = 0;
     // The crews' cells with the vacation exchange of each day's year.
     calendar::PageShifts m_shifts;
@@ -342,7 +343,7 @@ PageLayout layout_page(const PageRequest& request_in, const PageExtras& extras,
                        std::shared_ptr<TextShaper> shaper_in) {
     TextShaper& shaper = *shaper_in;
     PageRequest request = request_in;
-    request.columns = std::clamp(request.columns, 1, g::kMaxColumns);
+    request.columns = calendar::kRenderColumns.clamp(request.columns);
     if (!calendar::is_valid_model(request.model)) request.model = 0;
 
     PageLayout layout;

@@ -101,7 +101,7 @@ struct DayCell {
     bool free_day = false;  // the plant stands still: shift cells without colour
     bool school_holiday = false;
     bool has_notes = false;
-    std::uint32_t marking_colour = 0;
+    std::optional<Rgb> marking_colour;
     std::optional<int> week_number;  // drawn on Mondays and on the 1st
     int crews = 0;
     std::array<ShiftCell, 5> shifts{};

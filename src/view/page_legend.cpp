@@ -4,11 +4,12 @@
 // hours and the school holidays below each month.
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <string>
 
 #include "calendar/school_holidays.hpp"
 #include "calendar/shift_model.hpp"
+#include "marks/accounts.hpp"
+#include "marks/calendar_markings.hpp"
 #include "view/page_builder.hpp"
 
 namespace sk::view {
@@ -119,14 +120,6 @@ private:
     double m_y;
 };
 
-std::string hours_text(float hours) {
-    char buffer[32];
-    std::snprintf(buffer, sizeof buffer, "%.2f", static_cast<double>(hours));
-    std::string text = buffer;
-    if (const auto dot = text.find('.'); dot != std::string::npos) text[dot] = ',';
-    return text;
-}
-
 // The plan's crews, shift times, vacation letters and target hours.
 void plan_part(Legend& l, const PageRequest& request) {
     PageBuilder& b = l.builder();
@@ -162,8 +155,8 @@ void plan_part(Legend& l, const PageRequest& request) {
     const double top = b.px_y(l.y());
     const TextItem& label = b.text(TextStyle::Small, "Sollstunden:", b.px_x(l.left()), top, palette::kText);
     const double x = label.x + label.width() + b.cell().width / 2;
-    b.text(TextStyle::SmallBold, hours_text(request.target_hours), x, top, palette::kText, Align::Left,
-           0, b.px_x(l.left() + kLegendWidth) - x);
+    b.text(TextStyle::SmallBold, marks::hours_text(request.target_hours), x, top, palette::kText,
+           Align::Left, 0, b.px_x(l.left() + kLegendWidth) - x);
     l.advance(1);
     l.gap();
 }
@@ -246,7 +239,7 @@ void add_legend(PageBuilder& b, const PageRequest& request, const PageFacts& fac
                      request.model == 5 ? "Ferientage" : "Schulferien");
     }
     if (facts.notes) l.day_sample("12", palette::kText, Layer::Note, palette::kNoteHighlight, "Notiz");
-    if (facts.markings) l.bar(palette::kDefaultMarking, "Kalendermarkierung");
+    if (facts.markings) l.bar(marks::kDefaultMarkingColour, "Kalendermarkierung");
     const double w = today_frame_width(b.cell());
     l.outline({{}, {}, 0, palette::kToday, w}, "heute");
     if (request.cursor && page_days(request).contains(request.cursor->number))

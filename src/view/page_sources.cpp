@@ -5,6 +5,7 @@
 
 #include "calendar/shift_model.hpp"
 #include "notes/notes_of_day.hpp"
+#include "settings/astro_place.hpp"
 
 namespace sk::view {
 
@@ -14,7 +15,7 @@ PageRequest page_request(const session::Session& session, const calendar::Day& f
     PageRequest r;
     r.first_year = first_month.year;
     r.first_month_index = first_month.month_index;
-    r.columns = std::clamp(s.columns, 1, 23);
+    r.columns = calendar::kRenderColumns.clamp(s.columns);
     r.model = calendar::is_valid_model(s.model) ? s.model : 0;
     r.cursor = cursor;
     r.today = today;
@@ -25,36 +26,15 @@ PageRequest page_request(const session::Session& session, const calendar::Day& f
     return r;
 }
 
-DaySky day_sky(const astro::DaySymbols& s) {
-    DaySky sky;
-    switch (s.phase) {
-        case astro::MoonPhase::None: sky.phase = MoonPhase::None; break;
-        case astro::MoonPhase::NewMoon: sky.phase = MoonPhase::NewMoon; break;
-        case astro::MoonPhase::FirstQuarter: sky.phase = MoonPhase::FirstQuarter; break;
-        case astro::MoonPhase::FullMoon: sky.phase = MoonPhase::FullMoon; break;
-        case astro::MoonPhase::LastQuarter: sky.phase = MoonPhase::LastQuarter; break;
-    }
-    sky.solar_eclipse = s.solar_eclipse;
-    sky.lunar_eclipse = s.lunar_eclipse;
-    sky.perigee = s.perigee;
-    sky.apogee = s.apogee;
-    sky.perihelion = s.perihelion;
-    sky.aphelion = s.aphelion;
-    return sky;
-}
-
-decltype(PageExtras::sky) sky_source(const settings::Settings& settings) {
+decltype(PageExtras::sky) sky_source(const astro::Place& place) {
     struct Last {
         DayRange range;
-        std::vector<DaySky> sky;
+        std::vector<DaySymbols> sky;
     };
     auto last_page = std::make_shared<Last>();
-    return [settings, last_page](calendar::DayNumber first, calendar::DayNumber last) {
+    return [place, last_page](calendar::DayNumber first, calendar::DayNumber last) {
         if (last_page->range.first == first && last_page->range.last == last) return last_page->sky;
-        const std::vector<astro::DaySymbols> symbols = astro::page_symbols(first, last, settings);
-        std::vector<DaySky> sky;
-        sky.reserve(symbols.size());
-        for (const astro::DaySymbols& s : symbols) sky.push_back(day_sky(s));
+        std::vector<DaySymbols> sky = astro::page_symbols(first, last, place);
         *last_page = {{first, last}, sky};
         return sky;
     };
@@ -65,9 +45,7 @@ decltype(PageExtras::has_notes) notes_source(const notes::NoteStore& notes) {
 }
 
 decltype(PageExtras::marking_colour) marking_source(const marks::CalendarMarkings& markings) {
-    return [&markings](calendar::DayNumber d) {
-        return static_cast<std::uint32_t>(marks::marking_colour_of_day(markings, d)) & 0xFFFFFFu;
-    };
+    return [&markings](calendar::DayNumber d) { return marks::marking_colour_of_day(markings, d); };
 }
 
 decltype(PageExtras::shift_marking) shift_marking_source(const marks::ShiftMarkings& markings) {
@@ -83,7 +61,7 @@ PageExtras page_extras(const settings::Settings& settings, const UserStores& sto
     extras.has_notes = notes_source(stores.notes);
     extras.marking_colour = marking_source(stores.calendar_markings);
     extras.shift_marking = shift_marking_source(stores.shift_markings);
-    extras.sky = sky_source(settings);
+    extras.sky = sky_source(settings::astro_place(settings));
     return extras;
 }
 

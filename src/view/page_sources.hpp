@@ -23,13 +23,12 @@ namespace sk::view {
 PageRequest page_request(const session::Session& session, const calendar::Day& first_month,
                          std::optional<calendar::Day> cursor, const calendar::Day& today);
 
-DaySky day_sky(const astro::DaySymbols& symbols);
-
-// The moon phases, eclipses and apsides of a range of days, computed for the
-// whole range at once. The source keeps the last range it computed, so that
+// The moon phases, eclipses and apsides of a range of days seen from the
+// place, computed for the whole range at once. The source keeps the last
+// range it computed, so that
 // redrawing the same months (the cursor moved, a note was saved) does not
 // compute the sky again.
-decltype(PageExtras::sky) sky_source(const settings::Settings& settings);
+decltype(PageExtras::sky) sky_source(const astro::Place& place);
 // A day has notes when any note of the four kinds applies to it (index
 // lookups only, no file is read).
 decltype(PageExtras::has_notes) notes_source(const notes::NoteStore& notes);

@@ -32,7 +32,7 @@ std::string labels_of(const std::string& line) {
 }
 
 TEST(AstroDayInformation, OrdinaryDayText) {
-    EXPECT_EQ(day_information(date(2024, 1, 2), settings::Settings{}),
+    EXPECT_EQ(day_information(date(2024, 1, 2), test::kRodenwald),
               "Dämmerung: 7:29 - 17:03,\u00A0Sonne: 8:06 - 16:25,\u00A0Mond: 23:13 - 11:26");
 }
 
@@ -48,36 +48,36 @@ TEST(AstroDayInformation, PartsInTheirOrder) {
         {date(1971, 2, 25), "Dämmerung|Sonne|Mond|Neumond|Sonnenfinsternis partiell|Mondnähe"},
     };
     for (const auto& [day, labels] : cases) {
-        const std::string line = day_information(day, settings::Settings{});
+        const std::string line = day_information(day, test::kRodenwald);
         EXPECT_EQ(labels_of(line), labels) << ::testing::PrintToString(day) << ": " << line;
     }
 }
 
-// The stored twilight kind: 0 civil, 1 nautical, 2 astronomical; anything
-// else is computed as civil and reported, so that the caller stores 0.
-TEST(AstroDayInformation, TwilightKindFromSettings) {
-    using K = RiseSetKind;
-    const std::tuple<int, RiseSetKind, bool> cases[] = {
-        {0, K::CivilTwilight, false},        {1, K::NauticalTwilight, false},
-        {2, K::AstronomicalTwilight, false}, {3, K::CivilTwilight, true},
-        {-1, K::CivilTwilight, true},
+// The place's twilight decides which depression of the sun is timed.
+TEST(AstroDayInformation, TwilightOfThePlace) {
+    const std::pair<Twilight, RiseSetKind> cases[] = {
+        {Twilight::Civil, RiseSetKind::CivilTwilight},
+        {Twilight::Nautical, RiseSetKind::NauticalTwilight},
+        {Twilight::Astronomical, RiseSetKind::AstronomicalTwilight},
     };
-    const calendar::Day day = date(2024, 6, 21);
-    for (const auto& [stored, kind, reset] : cases) {
-        settings::Settings s;
-        s.twilight = stored;
-        EXPECT_EQ(twilight_choice(stored).kind, kind) << stored;
-        const DayEvents e = day_events(day, s);
-        EXPECT_EQ(e.twilight_reset, reset) << stored;
-        EXPECT_EQ(e.twilight, rise_set_line(kind, day, settings::Settings{})) << stored;
+    const calendar::Day day = date(2024, 1, 21);
+    std::vector<std::string> lines;
+    for (const auto& [twilight, kind] : cases) {
+        Place place = test::kRodenwald;
+        place.twilight = twilight;
+        lines.push_back(day_events(day, place).twilight);
+        EXPECT_EQ(lines.back(), rise_set_line(kind, day, test::kRodenwald));
     }
+    // The deeper the sun, the earlier the morning: "Dämmerung: 6:58 - ..." and so on.
+    EXPECT_GT(lines[0], lines[1]);
+    EXPECT_GT(lines[1], lines[2]);
 }
 
 // The page's symbols are the day's events, computed without rise and set
 // and with instants shared between days; over two years across 2000 (the
 // search changes there) they must agree day by day.
 TEST(AstroDayInformation, PageSymbolsMatchTheDays) {
-    const settings::Settings rodenwald;
+    const Place rodenwald = test::kRodenwald;
     const calendar::DayNumber first = date(1998, 12, 1).number;
     const calendar::DayNumber last = date(2001, 1, 31).number;
     const std::vector<DaySymbols> symbols = page_symbols(first, last, rodenwald);

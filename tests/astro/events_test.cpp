@@ -127,8 +127,8 @@ const Published kPublished[] = {
 // event must be reported within the tolerance of the published instant, so
 // on the right local day unless it lies that close to midnight.
 TEST(AstroRealSky, PublishedEvents) {
-    settings::Settings standard_time;
-    standard_time.auto_summer_time = 0;
+    Place standard_time = test::kRodenwald;
+    standard_time.auto_summer_time = false;
     for (const Published& p : kPublished) {
         for (const auto& [year, month, mday, hour, minute] : p.instants) {
             const long expected = date(year, month, mday).number * 1440L + hour * 60 + minute + 60;
@@ -153,7 +153,7 @@ TEST(AstroRealSky, PublishedEvents) {
 // quarters missed where the lunation estimate runs a lunation ahead.
 TEST(AstroRegularity, PhasesAndApsidesOverTheWholeCalendar) {
     const std::vector<DaySymbols> symbols =
-        page_symbols(calendar::kFirstDay, calendar::kLastDay, settings::Settings{});
+        page_symbols(calendar::kFirstDay, calendar::kLastDay, test::kRodenwald);
     ASSERT_EQ(symbols.size(), static_cast<std::size_t>(calendar::kLastDay + 1));
     std::map<std::string, std::vector<calendar::DayNumber>> days;
     const char* phase_names[] = {"", "new moon", "first quarter", "full moon", "last quarter"};
@@ -188,7 +188,7 @@ TEST(AstroRegularity, PhasesAndApsidesOverTheWholeCalendar) {
 // One perihelion early in January and one aphelion early in July each year,
 // four season starts each in its own month, never anywhere else.
 TEST(AstroRegularity, YearlyEvents) {
-    const settings::Settings s;
+    const Place s = test::kRodenwald;
     for (int year = 1970; year <= 2036; ++year) {
         std::string found;
         for (calendar::DayNumber d = date(year, 1, 1).number; d < date(year + 1, 1, 1).number;
@@ -241,7 +241,7 @@ TEST(AstroEclipses, KindsOfRealEclipses) {
     };
     for (const auto& [day, label] : cases) {
         SCOPED_TRACE(::testing::PrintToString(day));
-        const DayEvents e = day_events(day, settings::Settings{});
+        const DayEvents e = day_events(day, test::kRodenwald);
         EXPECT_TRUE(e.eclipse.starts_with(label)) << e.eclipse;
         EXPECT_EQ(e.eclipse.empty(), label.empty());
         EXPECT_NE(e.marker, 0);

@@ -73,8 +73,8 @@ TEST(AstroToolkit, EventTimeText) {
         {ut(date(2023, 3, 25), 11, 0, 30), date(2023, 3, 25), true, "Ereignis: 12:00"},
     };
     for (const auto& [jd, described, automatic, text] : cases) {
-        settings::Settings s;  // Zeitzone 1
-        s.auto_summer_time = automatic ? 1 : 0;
+        Place s = test::kRodenwald;  // Zeitzone 1
+        s.auto_summer_time = automatic;
         EXPECT_EQ(event_time_text(jd, "Ereignis: ", described, s), text)
             << ::testing::PrintToString(described) << " JD " << jd;
     }
@@ -109,7 +109,7 @@ TEST(AstroRiseSet, RealSkyRodenwald) {
         {date(1985, 2, 14), RiseSetKind::Moon, 3 * 60 + 53, 11 * 60 + 45},
     };
     for (const auto& [day, kind, rise, set] : cases) {
-        const Crossings found = find_crossings(kind, day, settings::Settings{});
+        const Crossings found = find_crossings(kind, day, test::kRodenwald);
         EXPECT_NEAR(found.rise * 60.0, rise, 2.0) << ::testing::PrintToString(day);
         EXPECT_NEAR(found.set * 60.0, set, 2.0) << ::testing::PrintToString(day);
     }
@@ -124,13 +124,13 @@ TEST(AstroRiseSet, LinesWithoutACrossing) {
         {date(2024, 6, 21), -70.0, RiseSetKind::Sun, "Sonne: nicht sichtbar"},
     };
     for (const auto& [day, latitude, kind, line] : cases) {
-        settings::Settings far_north;
+        Place far_north = test::kRodenwald;
         far_north.latitude = latitude;
         EXPECT_EQ(rise_set_line(kind, day, far_north), line) << latitude;
     }
     // The moon rises on 17 January 2024 and sets only after midnight; on 3
     // January it sets but rose the evening before.
-    const settings::Settings rodenwald;
+    const Place rodenwald = test::kRodenwald;
     EXPECT_EQ(rise_set_line(RiseSetKind::Moon, date(2024, 1, 17), rodenwald),
               "Mond: 11:01 - --:--");
     EXPECT_EQ(rise_set_line(RiseSetKind::Moon, date(2024, 1, 3), rodenwald), "Mond: --:-- - 11:38");
@@ -143,12 +143,12 @@ TEST(AstroRiseSet, WholeDaySummerTimeOnTheChangeSundays) {
     const std::pair<calendar::Day, int> cases[] = {{date(2024, 3, 30), 60},
                                                    {date(2027, 10, 30), -60}};
     for (const auto& [saturday, jump] : cases) {
-        settings::Settings s;
+        Place s = test::kRodenwald;
         const calendar::Day sunday = calendar::Day::from_number(saturday.number + 1);
         const double after = find_crossings(RiseSetKind::Sun, sunday, s).rise;
         EXPECT_NEAR((after - find_crossings(RiseSetKind::Sun, saturday, s).rise) * 60.0, jump, 3.0)
             << ::testing::PrintToString(sunday);
-        s.auto_summer_time = 0;
+        s.auto_summer_time = false;
         const double off = find_crossings(RiseSetKind::Sun, sunday, s).rise;
         EXPECT_NEAR((after - off) * 60.0, jump > 0 ? 60.0 : 0.0, 0.5);
     }

@@ -124,7 +124,7 @@ TEST(RenderCommand, DrawsTheUsersMarkingsAndNotes) {
     const std::string plain = page();
     marks::CalendarMarkings bars;
     bars.items = {{calendar::day_number(2024, 2, 4), calendar::day_number(2024, 2, 8),
-                   marks::rgb(0, 160, 0)}};
+                   marks::Rgb{0, 160, 0}}};
     ASSERT_TRUE(marks::save_calendar_markings(user, bars));
     const std::string with_bar = page();
     marks::ShiftMarkings shifts;

@@ -12,7 +12,7 @@
 
 #include "calendar/holidays.hpp"
 #include "calendar/vacation.hpp"
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
 #include "test_support.hpp"
 
 namespace sk::exporting {
@@ -160,7 +160,7 @@ TEST(Ics, LongNotesAreFoldedWithinWholeCharactersAndUnfoldIntact) {
          at = end + 2, ++lines) {
         const std::string line = text.substr(at, end - at);
         EXPECT_LE(line.size(), 75u) << line;
-        EXPECT_TRUE(settings::decode_utf8(line)) << "split character: " << line;
+        EXPECT_TRUE(files::decode_utf8(line)) << "split character: " << line;
         EXPECT_EQ(line.find('\n'), std::string::npos);
     }
     EXPECT_EQ(at, text.size()) << "every line ends with CRLF";

@@ -175,11 +175,14 @@ TEST(HoursAccount, VacationBlockAsMinusHours) {
 }
 
 TEST(HoursAccount, BalanceTextAndColour) {
-    const std::tuple<float, int, const char*, std::int32_t> cases[] = {  // start, mode, text, colour
-        {12.5f, 0, "  24,50", 0},        {7.30f, 1, "  19:30", 0},      {-19.30f, 1, "  -7:30", 0},
-        {-12.30f, 1, "  -0:30", 0},      {-12.001f, 0, "   0,00", 0},   {-52.0f, 0, " -40,00", 0},
-        {-52.01f, 0, " -40,01", 160},    {28.01f, 0, "  40,01", 160 * 256},
-        {-600.0f, 1, "-588:00", 160},
+    constexpr calendar::Rgb kBlack, kDarkRed{160, 0, 0}, kDarkGreen{0, 160, 0};
+    // start, mode, text, colour
+    const std::tuple<float, int, const char*, calendar::Rgb> cases[] = {
+        {12.5f, 0, "  24,50", kBlack},     {7.30f, 1, "  19:30", kBlack},
+        {-19.30f, 1, "  -7:30", kBlack},   {-12.30f, 1, "  -0:30", kBlack},
+        {-12.001f, 0, "   0,00", kBlack},  {-52.0f, 0, " -40,00", kBlack},
+        {-52.01f, 0, " -40,01", kDarkRed}, {28.01f, 0, "  40,01", kDarkGreen},
+        {-600.0f, 1, "-588:00", kDarkRed},
     };
     for (const auto& [start, mode, text, colour] : cases) {  // each with an X on an off Sunday: +12
         AccountState state = for_crew(0);
@@ -191,6 +194,18 @@ TEST(HoursAccount, BalanceTextAndColour) {
         EXPECT_EQ(balance.colour, colour) << start;
     }
     EXPECT_EQ(format_balance(7.9999, 1), "   8:00");
+}
+
+// Every hours text of the program (balance, "Jahresstunden", the plan's
+// target hours) rounds the same way: exact binary halves away from zero.
+TEST(HoursAccount, HoursTextRoundsHalvesAwayFromZero) {
+    const std::tuple<double, int, const char*> cases[] = {
+        {1982.76f, 0, "1982,76"}, {2088.125, 0, "2088,13"}, {-2088.125, 0, "-2088,13"},
+        {0.005, 0, "0,01"},       {-0.004, 0, "0,00"},      {1e6, 0, "1000000,00"},
+        {7.5, 1, "7:30"},         {-0.5 / 60, 1, "-0:01"},  {59.5 / 60, 1, "1:00"},
+    };
+    for (const auto& [hours, mode, text] : cases)
+        EXPECT_EQ(hours_text(hours, mode), text) << hours;
 }
 
 TEST(VacationAccount, NewYearResetIsWrittenAtOnce) {

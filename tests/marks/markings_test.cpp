@@ -17,7 +17,8 @@ void PrintTo(const ShiftMarking& m, std::ostream* os) {
     *os << "{day " << m.day << " column " << int(m.column) << " code " << int(m.code) << '}';
 }
 void PrintTo(const CalendarMarking& m, std::ostream* os) {
-    *os << "{days " << m.start << ".." << m.end << " colour " << m.colour << '}';
+    *os << "{days " << m.start << ".." << m.end << " colour " << m.colour.value() << " top "
+        << int(m.colour_top_byte) << '}';
 }
 
 namespace {
@@ -29,7 +30,8 @@ CalendarMarkings bars_of(std::vector<CalendarMarking> items) { return {std::move
 // ("<iii"), ("<ifbbb") and ("<ii"). The last shift marking's column and code and
 // the last, reversed bar only a foreign file holds.
 const std::vector<ShiftMarking> kShifts = {{19723, 1, 0}, {19754, 2, 1}, {20089, 4, 3}, {24683, -3, 127}};
-const std::vector<CalendarMarking> kBars = {{19723, 19730, 10601199}, {19725, 19800, 0}, {24000, 23990, -1}};
+const std::vector<CalendarMarking> kBars = {
+    {19723, 19730, {239, 194, 161}}, {19725, 19800, {}}, {24000, 23990, {255, 255, 255}, 0xFF}};
 const AccountState kAccounts = {{19723, -7.30f, hours_mode::kHoursMinutes, 4, true}, {19723, -12}};
 
 TEST(MarkingAndAccountFiles, GoldenBytesWrittenAndReadBack) {
@@ -88,46 +90,51 @@ TEST(ShiftMarkingsFile, ForeignFilesAreSortedAndCapped) {
 }
 
 TEST(CalendarMarkingRules, ProposalAndColourOfADay) {
-    EXPECT_EQ(propose_marking(bars_of({{100, 110, 255}}), 200), (CalendarMarking{200, 207, 239 + 194 * 256 + 161 * 65536}));
-    EXPECT_EQ(propose_marking(bars_of({{100, 110, 255}}), 110), (CalendarMarking{100, 110, 255}));
+    EXPECT_EQ(propose_marking(bars_of({{100, 110, {255}}}), 200),
+              (CalendarMarking{200, 207, {239, 194, 161}}));
+    EXPECT_EQ(propose_marking(bars_of({{100, 110, {255}}}), 110),
+              (CalendarMarking{100, 110, {255}}));
 
-    const CalendarMarkings m = bars_of({{100, 120, 1}, {110, 130, 2}, {140, 140, 0}});
-    const std::pair<DayNumber, std::int32_t> cases[] = {
-        {99, 0}, {100, 1}, {115, 1},  // overlap: the bar with the lower start
-        {121, 2}, {131, 0}, {140, 0},  // a black bar reads like no bar
+    const CalendarMarkings m = bars_of({{100, 120, {1}}, {110, 130, {2}}, {140, 140, {0}}});
+    const std::pair<DayNumber, std::optional<Rgb>> cases[] = {
+        {99, std::nullopt},  {100, Rgb{1}},
+        {115, Rgb{1}},  // overlap: the lower start wins
+        {121, Rgb{2}},       {131, std::nullopt},
+        {140, std::nullopt},  // a black bar reads like no bar
     };
     for (const auto& [day, colour] : cases) EXPECT_EQ(marking_colour_of_day(m, day), colour) << day;
 }
 
 TEST(CalendarMarkingRules, SaveOverwritesTheBarAtAnEnd) {
     const std::tuple<const char*, DayNumber, DayNumber, std::vector<CalendarMarking>> cases[] = {
-        {"outside both: added", 130, 140, {{100, 120, 1}, {130, 140, 9}, {200, 220, 2}}},
-        {"start inside: that bar", 110, 150, {{110, 150, 9}, {200, 220, 2}}},
-        {"only the end inside: that bar", 90, 100, {{90, 100, 9}, {200, 220, 2}}},
-        {"reversed: swapped before the test", 210, 115, {{115, 210, 9}, {200, 220, 2}}},
-        {"enclosing: added beside", 90, 230, {{90, 230, 9}, {100, 120, 1}, {200, 220, 2}}},
+        {"outside both: added", 130, 140, {{100, 120, {1}}, {130, 140, {9}}, {200, 220, {2}}}},
+        {"start inside: that bar", 110, 150, {{110, 150, {9}}, {200, 220, {2}}}},
+        {"only the end inside: that bar", 90, 100, {{90, 100, {9}}, {200, 220, {2}}}},
+        {"reversed: swapped before the test", 210, 115, {{115, 210, {9}}, {200, 220, {2}}}},
+        {"enclosing: added beside", 90, 230, {{90, 230, {9}}, {100, 120, {1}}, {200, 220, {2}}}},
     };
     for (const auto& [what, start, end, after] : cases) {
-        CalendarMarkings m = bars_of({{100, 120, 1}, {200, 220, 2}});
-        save_marking(m, start, end, 9);
+        CalendarMarkings m = bars_of({{100, 120, {1}}, {200, 220, {2}}});
+        save_marking(m, start, end, Rgb{9});
         EXPECT_EQ(m.items, after) << what;
         EXPECT_TRUE(m.changed) << what;
     }
 }
 
 TEST(CalendarMarkingRules, Deleting) {
-    CalendarMarkings m = bars_of({{100, 300, 1}, {150, 160, 2}, {200, 210, 3}, {400, 410, 4}});
+    CalendarMarkings m =
+        bars_of({{100, 300, {1}}, {150, 160, {2}}, {200, 210, {3}}, {400, 410, {4}}});
     EXPECT_FALSE(delete_marking_at(m, 350));
     EXPECT_FALSE(m.changed);
     EXPECT_TRUE(delete_marking_at(m, 155));  // the first covering bar
-    EXPECT_EQ(m.items.front(), (CalendarMarking{150, 160, 2}));
+    EXPECT_EQ(m.items.front(), (CalendarMarking{150, 160, {2}}));
     EXPECT_TRUE(m.changed);
     // Up to a day goes by the start: a bar reaching beyond the day goes too,
     // and the deletion must reach the file on exit.
     m.changed = false;
     EXPECT_EQ(delete_markings_up_to(m, 200), 2u);
     EXPECT_TRUE(m.changed);
-    EXPECT_EQ(m.items, (std::vector<CalendarMarking>{{400, 410, 4}}));
+    EXPECT_EQ(m.items, (std::vector<CalendarMarking>{{400, 410, {4}}}));
 }
 
 TEST(ShiftMarkingRules, WhichDaysMayBeMarked) {

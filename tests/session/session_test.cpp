@@ -97,7 +97,7 @@ TEST(Session, LoadsWhatTheUserKeeps) {
     EXPECT_EQ(s.vacation_start.month, 5);
     EXPECT_EQ(s.notes.index().daily, (std::vector<std::int32_t>{20240215}));
     ASSERT_EQ(s.calendar_markings.items.size(), 1u);
-    EXPECT_EQ(s.calendar_markings.items[0].colour, 255);
+    EXPECT_EQ(s.calendar_markings.items[0].colour, (calendar::Rgb{255, 0, 0}));
 }
 
 // Every entry of a directory tree with its bytes, to see that nothing changed.

@@ -1,14 +1,23 @@
+#include "settings/settings_file.hpp"
+
 #include <gtest/gtest.h>
 
 #include <clocale>
 #include <cstdio>
+#include <filesystem>
+#include <ostream>
 
-#include "settings/atomic_file.hpp"
-#include "settings/settings_file.hpp"
-#include "settings/text_encoding.hpp"
+#include "files/text_encoding.hpp"
+#include "settings/astro_place.hpp"
 #include "test_support.hpp"
 
 namespace sk::settings {
+
+// Failing expectations print the file a value would be written as.
+void PrintTo(const Settings& s, std::ostream* os) {
+    *os << serialize_settings(s).value_or("(nicht speicherbar)");
+}
+
 namespace {
 
 const Settings kDefaults = default_settings("/home/anna/SKDaten");
@@ -123,6 +132,51 @@ TEST(SettingsFile, OutOfRangeValuesAreRepaired) {
     EXPECT_EQ(parse_settings("[Astronomie]\nOrtsname = " + sixty, kDefaults).place_name, fifty);
 }
 
+// Whatever the reader takes, the writer writes and the reader reads back
+// equal: texts are taken as a second reading would give them.
+TEST(SettingsFile, TextsReadAsTheWrittenFileReadsBack) {
+    const std::string x49(49, 'x');
+    const std::string fuzzed = "Reg" + std::string(35, '\x87') + "enn\xAA\x39\xF1\xFC\x7F";
+    const std::pair<std::string, std::string> cases[] = {
+        // "Ortsname = " + bytes, read as
+        {std::string("Ab\0cd", 5), "Ab"},                        // NUL ends the text
+        {std::string("Ab \0cd", 6), "Ab"},                       // ... and the blank before it goes
+        {x49 + " yz", x49},                                      // cut to 50, then trimmed
+        {x49.substr(1) + "\t\xFC", x49.substr(1) + "\t\u00FC"},  // a tab inside stays
+        {"\xC3\x83\xC5\x92", "\u00FC"},  // UTF-8 "ÃŒ", stored C3 BC = UTF-8 "ü"
+        {"\xC3\x83\xC2\xA9", "\u00E9"},  // "Ã©" becomes "é"
+        {"\xC3\x83\xC2\xA9 Caf\xC3\xA9",
+         "\u00C3\u00A9 Caf\u00E9"},              // stored "...Caf\xE9": no UTF-8
+        {"Reg\xE4ns\xE9", "Reg\u00E4ns\u00E9"},  // plain ISO-8859-15 stays
+        // Found by the fuzzer: the cut leaves a blank, with NUL and C1 bytes inside.
+        {fuzzed + std::string(2, '\0') + "ng = 2", files::latin9_to_utf8(fuzzed)},
+    };
+    for (const auto& [bytes, name] : cases) {
+        const Settings s = parse_settings("[Astronomie]\nOrtsname = " + bytes + "\n", kDefaults);
+        EXPECT_EQ(s.place_name, name) << bytes;
+        EXPECT_EQ(parse_settings(serialize_settings(s).value(), kDefaults), s) << bytes;
+    }
+    // Any of them set by the program (a dialog) is stored as it reads back.
+    for (const auto& [bytes, name] : cases) {
+        Settings s = kDefaults;
+        s.font_name = files::latin9_to_utf8(bytes);
+        normalize_settings(s, kDefaults);
+        EXPECT_EQ(parse_settings(serialize_settings(s).value(), kDefaults), s) << bytes;
+    }
+}
+
+// Every seed of the fuzz target reads, writes and reads back equal.
+TEST(SettingsFile, FuzzSeedsRoundTrip) {
+    const auto corpus = test::source_path("../fuzz/corpus/settings_fuzz");
+    int seeds = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(corpus)) {
+        const Settings s = parse_settings(test::read_bytes(entry.path()), kDefaults);
+        EXPECT_EQ(parse_settings(serialize_settings(s).value(), kDefaults), s) << entry.path();
+        ++seeds;
+    }
+    EXPECT_GE(seeds, 3);
+}
+
 TEST(SettingsFile, TimeZoneAndCoordinatesAreClamped) {
     struct Case { const char* text; double time_zone, latitude; };
     const Case cases[] = {
@@ -136,6 +190,23 @@ TEST(SettingsFile, TimeZoneAndCoordinatesAreClamped) {
         const Settings s = parse_settings(c.text, kDefaults);
         EXPECT_EQ(s.time_zone, c.time_zone) << c.text;
         EXPECT_EQ(s.latitude, c.latitude) << c.text;
+    }
+}
+
+// The astronomy's place comes from the five keys of "[Astronomie]" as read.
+TEST(SettingsFile, AstroPlaceOfTheSettings) {
+    const Settings s = parse_settings(
+        "[Astronomie]\nBreite = 53.33\nLänge = -10.0\nZeitzone = 2.5\n"
+        "Sommerzeit automatisch = 0\nDämmerung = 2\n",
+        kDefaults);
+    EXPECT_EQ(astro_place(s),
+              (astro::Place{53.33, -10.0, 2.5, false, astro::Twilight::Astronomical}));
+    EXPECT_EQ(astro_place(kDefaults), (astro::Place{kDefaultLatitude, kDefaultLongitude, 1.0, true,
+                                                    astro::Twilight::Civil}));
+    Settings unrepaired = kDefaults;
+    for (const int kind : {-1, 3, 255}) {
+        unrepaired.twilight = kind;
+        EXPECT_EQ(astro_place(unrepaired).twilight, astro::Twilight::Civil) << kind;
     }
 }
 
@@ -161,66 +232,6 @@ TEST(SettingsFile, FullPrecisionIgnoresLocale) {
     EXPECT_EQ(written, "1.5");
     EXPECT_EQ(file, kDefaultFile);
     EXPECT_EQ(zone, 5.75);
-}
-
-// A full disk, simulated by a file size limit in a child process: the write
-// fails and the previous file is untouched, with no temporary file left.
-TEST(AtomicFile, FullDiskKeepsTheOldFile) {
-    test::TempDir dir;
-    const auto file = dir / "Kalendermarkierung.dat";
-    ASSERT_TRUE(write_file_atomic(file, "old content"));
-    std::string error;
-    EXPECT_TRUE(test::fails_on_full_disk(
-        [&] { return write_file_atomic(file, std::string(4096, 'x'), &error); }));
-    EXPECT_EQ(test::read_bytes(file), "old content");
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.path()),
-                            std::filesystem::directory_iterator()),
-              1);
-}
-
-TEST(AtomicFile, ReadStopsAtTheCap) {
-    test::TempDir dir;
-    test::write_bytes(dir / "big", std::string(100000, 'a'));
-    EXPECT_EQ(read_file(dir / "big", 8192)->size(), 8192u);
-    EXPECT_FALSE(read_file(dir / "missing").has_value());
-}
-
-TEST(TextEncoding, EveryByteRoundTrips) {
-    std::string all;
-    for (int b = 0; b < 256; ++b) all += static_cast<char>(b);
-    const std::string utf8 = latin9_to_utf8(all);
-    EXPECT_EQ(utf8_to_latin9(utf8).value(), all);
-}
-
-TEST(TextEncoding, TheEightDifferencesFromLatin1) {
-    struct Case { const char* utf8; unsigned char code; };
-    for (const Case c : {Case{"€", 0xA4}, Case{"Š", 0xA6}, Case{"š", 0xA8}, Case{"Ž", 0xB4},
-                         Case{"ž", 0xB8}, Case{"Œ", 0xBC}, Case{"œ", 0xBD}, Case{"Ÿ", 0xBE}}) {
-        EXPECT_EQ(utf8_to_latin9(c.utf8).value(), std::string(1, static_cast<char>(c.code)))
-            << c.utf8;
-    }
-}
-
-// The refusal names the character; the Latin-1 characters that ISO-8859-15
-// replaced cannot be stored either.
-TEST(TextEncoding, RefusesWhatCannotBeStored) {
-    const struct { const char* text; const char* named; } cases[] = {
-        {"Grüße ☃ und ♥", "\"☃\" (U+2603)"}, {"a\xF0\x9F\x98\x80", "U+1F600"},
-        {"„Zitat“", "U+201E"},
-        {"¤", "\"¤\" (U+00A4)"}, {"¦", "U+00A6"}, {"¨", "U+00A8"}, {"´", "U+00B4"},
-        {"¸", "U+00B8"}, {"¼", "U+00BC"}, {"½", "U+00BD"}, {"¾", "U+00BE"},
-    };
-    for (const auto& c : cases) {
-        EncodeError error;
-        EXPECT_FALSE(utf8_to_latin9(c.text, &error).has_value()) << c.text;
-        EXPECT_NE(error.message.find(c.named), std::string::npos) << error.message;
-    }
-    for (const char* malformed : {"\xC3", "\xC3\x28", "\xE2\x82", "\xC0\xAF", "\xED\xA0\x80",
-                                  "\xF8\x88\x80\x80\x80", "\x80"}) {
-        EncodeError error;
-        EXPECT_FALSE(utf8_to_latin9(malformed, &error).has_value());
-        EXPECT_FALSE(error.message.empty());
-    }
 }
 
 }  // namespace

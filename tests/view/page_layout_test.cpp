@@ -266,7 +266,7 @@ TEST_F(PageLayoutTest, ExtrasAreDrawnOnlyWithTheirOptions) {
     EXPECT_EQ(sky_calls, 0);
     EXPECT_TRUE(off.moons.empty());
     EXPECT_TRUE(cell_of(off, date(2024, 3, 9)).has_notes);
-    EXPECT_EQ(cell_of(off, date(2024, 3, 5)).marking_colour, 0xA1C2EFu);
+    EXPECT_EQ(cell_of(off, date(2024, 3, 5)).marking_colour, (Rgb{239, 194, 161}));
     r.options.moon_phases = true;
     const PageLayout moon = layout(r, counted);
     EXPECT_EQ(sky_calls, 1);

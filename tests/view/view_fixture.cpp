@@ -40,10 +40,11 @@ PageRequest request(int year, int month, int columns, int model) {
 PageExtras sample_extras() {
     PageExtras e;
     e.has_notes = [](const calendar::Day& d) { return d.number % 9 == 0; };
-    e.marking_colour = [](calendar::DayNumber d) -> std::uint32_t {
-        if (d >= date(2024, 3, 4).number && d <= date(2024, 3, 10).number) return 0xA1C2EF;
-        if (d >= date(2024, 4, 22).number && d <= date(2024, 5, 3).number) return 0x60A060;
-        return 0;
+    e.marking_colour = [](calendar::DayNumber d) -> std::optional<Rgb> {
+        if (d >= date(2024, 3, 4).number && d <= date(2024, 3, 10).number)
+            return Rgb{239, 194, 161};
+        if (d >= date(2024, 4, 22).number && d <= date(2024, 5, 3).number) return Rgb{96, 160, 96};
+        return std::nullopt;
     };
     e.shift_marking = [](calendar::DayNumber d) -> std::optional<ShiftMark> {
         static const std::map<calendar::DayNumber, ShiftMark> marks{
@@ -56,17 +57,28 @@ PageExtras sample_extras() {
     e.sky = [](calendar::DayNumber first, calendar::DayNumber last) {
         // Spring 2024; the full moon of 25 March carries a lunar eclipse here.
         using M = MoonPhase;
-        const std::tuple<int, int, DaySky> spring[] = {  // month, day, sky
-            {3, 3, {.phase = M::LastQuarter}}, {3, 10, {.phase = M::NewMoon, .perigee = true}},
-            {3, 17, {.phase = M::FirstQuarter}}, {3, 23, {.apogee = true}},
-            {3, 25, {.phase = M::FullMoon, .lunar_eclipse = true}}, {4, 2, {.phase = M::LastQuarter}},
-            {4, 7, {.perigee = true}}, {4, 8, {.phase = M::NewMoon, .solar_eclipse = true}},
-            {4, 15, {.phase = M::FirstQuarter}}, {4, 20, {.apogee = true}}, {4, 23, {.phase = M::FullMoon}},
-            {5, 1, {.phase = M::LastQuarter}}, {5, 5, {.perigee = true}}, {5, 8, {.phase = M::NewMoon}},
-            {5, 15, {.phase = M::FirstQuarter}}, {5, 17, {.apogee = true}}, {5, 23, {.phase = M::FullMoon}},
+        const std::tuple<int, int, DaySymbols> spring[] = {
+            // month, day, sky
+            {3, 3, {.phase = M::LastQuarter}},
+            {3, 10, {.phase = M::NewMoon, .perigee = true}},
+            {3, 17, {.phase = M::FirstQuarter}},
+            {3, 23, {.apogee = true}},
+            {3, 25, {.phase = M::FullMoon, .lunar_eclipse = true}},
+            {4, 2, {.phase = M::LastQuarter}},
+            {4, 7, {.perigee = true}},
+            {4, 8, {.phase = M::NewMoon, .solar_eclipse = true}},
+            {4, 15, {.phase = M::FirstQuarter}},
+            {4, 20, {.apogee = true}},
+            {4, 23, {.phase = M::FullMoon}},
+            {5, 1, {.phase = M::LastQuarter}},
+            {5, 5, {.perigee = true}},
+            {5, 8, {.phase = M::NewMoon}},
+            {5, 15, {.phase = M::FirstQuarter}},
+            {5, 17, {.apogee = true}},
+            {5, 23, {.phase = M::FullMoon}},
             {5, 30, {.phase = M::LastQuarter, .aphelion = true}},
         };
-        std::vector<DaySky> sky(static_cast<std::size_t>(std::max(0, last - first + 1)));
+        std::vector<DaySymbols> sky(static_cast<std::size_t>(std::max(0, last - first + 1)));
         for (const auto& [month, mday, s] : spring) {
             const calendar::DayNumber d = date(2024, month, mday).number;
             if (d >= first && d <= last) sky[static_cast<std::size_t>(d - first)] = s;
