@@ -106,10 +106,10 @@ void StatusLines::put_texts(bool colour_changed) {
     put(StatusField::Hours, m_texts.hours);
     put(StatusField::Vacation, m_texts.vacation);
     if (!colour_changed) return;
-    const auto c = static_cast<std::uint32_t>(m_texts.hours_colour);
+    const calendar::Rgb c = m_texts.hours_colour;
     char rule[96];
-    std::snprintf(rule, sizeof rule, "entry { color: rgb(%u, %u, %u); }", c & 0xFFu,
-                  (c >> 8) & 0xFFu, (c >> 16) & 0xFFu);
+    std::snprintf(rule, sizeof rule, "entry { color: rgb(%u, %u, %u); }", unsigned{c.r},
+                  unsigned{c.g}, unsigned{c.b});
     m_hours_colour->load_from_data(rule);
 }
 

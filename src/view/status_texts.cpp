@@ -6,6 +6,7 @@
 #include "calendar/shift_model.hpp"
 #include "marks/accounts.hpp"
 #include "notes/notes_of_day.hpp"
+#include "settings/astro_place.hpp"
 
 namespace sk::view {
 
@@ -60,9 +61,7 @@ StatusTexts status_texts(session::Session& session, const calendar::Day& cursor,
     const settings::Settings& s = session.settings;
     texts.day = day_status(cursor, {s.model, s.vacation_block_shown != 0, session.user});
     texts.notes = notes_status(session.notes, cursor);
-    const astro::DayEvents events = astro::day_events(cursor, s);
-    if (events.twilight_reset) session.settings.twilight = 0;
-    texts.astronomy = astro::day_information(events);
+    texts.astronomy = astro::day_information(cursor, settings::astro_place(s));
     const marks::PlanContext plan = session::plan_context(session);
     const marks::AccountTexts accounts =
         session.read_only

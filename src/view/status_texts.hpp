@@ -10,6 +10,7 @@
 #include <string>
 #include <string_view>
 
+#include "calendar/colour.hpp"
 #include "calendar/dates.hpp"
 #include "notes/note_store.hpp"
 #include "session/session.hpp"
@@ -40,14 +41,12 @@ struct StatusTexts {
     std::string notes;      // second line
     std::string astronomy;  // third line
     std::string hours;      // 7 characters, right end of the first line; empty in models 6 and 7
-    std::int32_t hours_colour = 0;  // red + green * 256 + blue * 65536
+    calendar::Rgb hours_colour = calendar::kBlack;
     std::string vacation;  // 3 characters, right end of the second line; empty in models 6 and 7
 };
 
 // Every status text for the cursor day. Like a redraw of the page it runs the
-// accounts' new-year reset (which writes "Urlaubstage.dat" when it happens)
-// and resets a twilight kind the astronomy cannot use to civil twilight in
-// the session's settings.
+// accounts' new-year reset (which writes "Urlaubstage.dat" when it happens).
 StatusTexts status_texts(session::Session& session, const calendar::Day& cursor,
                          const calendar::Day& today);
 

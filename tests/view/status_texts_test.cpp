@@ -77,10 +77,6 @@ TEST(StatusTexts, AccountFieldsOnlyInModelsWithAccounts) {
         EXPECT_NE(texts.astronomy.find("Sonne:"), std::string::npos) << texts.astronomy;
         EXPECT_NE(texts.day.find("Montag, 23.11.2026"), std::string::npos) << texts.day;
     }
-    // An unusable twilight kind is put back to civil twilight.
-    s.settings.twilight = 7;
-    status_texts(s, day, day);
-    EXPECT_EQ(s.settings.twilight, 0);
 }
 
 }  // namespace
