@@ -5,8 +5,16 @@
 #include <array>
 #include <iostream>
 
+#include "app/date_entry_dialog.hpp"
+#include "app/holiday_list_window.hpp"
+#include "app/info_dialog.hpp"
 #include "app/main_window.hpp"
 #include "app/message_box.hpp"
+#include "app/model_chooser_dialog.hpp"
+#include "app/prog_menu_dialog.hpp"
+#include "app/school_holiday_window.hpp"
+#include "app/text_window.hpp"
+#include "app/yearly_hours_window.hpp"
 #include "calendar/shift_model.hpp"
 #include "notes/notes_of_day.hpp"
 #include "view/hit_test.hpp"
@@ -290,7 +298,10 @@ void CommandDispatcher::set_page(const calendar::PageState& page) {
 void CommandDispatcher::changed(unsigned what) {
     keep_page_in_settings(m_state);
     if (what & kSources) m_extras = view::page_extras(m_state.session);
-    if (what & kControls) m_window.status_lines().rebuild(cell());
+    if (what & kControls) {
+        m_control_font.apply(m_state.renderer.font());
+        m_window.status_lines().rebuild(cell());
+    }
     if (what & kTitle) m_window.set_title(login_title(m_state.session.user));
     if (what & (kPage | kCursor)) {
         const calendar::PageState& p = m_state.page;
@@ -407,21 +418,138 @@ void CommandDispatcher::choose_background() {
     changed(kPage);
 }
 
-// Until the program's own windows land, these open nothing.
-void CommandDispatcher::enter_date() {}
-void CommandDispatcher::enter_vacation_start() {}
-void CommandDispatcher::show_todays_notes() {}
+void CommandDispatcher::enter_date() {
+    calendar::Day chosen;
+    {
+        DateEntryDialog dialog(window(), cell(), DateEntryDialog::Purpose::GoTo,
+                               calendar::date_entry_start(m_state.page), calendar::kDateEntryFirst,
+                               calendar::kDateEntryLast);
+        if (dialog.run() != Gtk::RESPONSE_OK) return;
+        chosen = dialog.get_date();
+    }
+    set_page(calendar::apply_entered_date(m_state.page, chosen));
+}
+
+// Key F: for this run only; the page and the accounts follow at once.
+void CommandDispatcher::enter_vacation_start() {
+    calendar::Day chosen;
+    {
+        DateEntryDialog dialog(
+            window(), cell(), DateEntryDialog::Purpose::VacationStart,
+            calendar::vacation_start_entry(m_state.session.vacation_start, m_state.page.year),
+            calendar::kFirstDay, calendar::kLastDay);
+        if (dialog.run() != Gtk::RESPONSE_OK) return;
+        chosen = dialog.get_date();
+    }
+    m_state.session.vacation_start = calendar::entered_vacation_start(chosen);
+    changed(kPage | kStatus);
+}
+
+void CommandDispatcher::show_todays_notes() {
+    const std::string text =
+        notes::notes_of_day(m_state.session.notes, m_state.today, notes::Separator::MultiLine);
+    if (text.empty()) return;
+    TextWindow notes_window(window(), cell(), notes_title(m_state.today), text,
+                            TextWindow::kNotesSize);
+    notes_window.run();
+}
+
 void CommandDispatcher::show_notes_overview() {
     const calendar::PageState& p = m_state.page;
     const std::string text =
         notes::notes_overview(m_state.session.notes, calendar::first_shown_day(p).number,
                               calendar::last_shown_day(p).number, m_state.today);
-    if (text.empty()) show_information(&window(), std::string(notes::kNoNotesInRange));
+    if (text.empty()) {
+        show_information(&window(), std::string(notes::kNoNotesInRange));
+        return;
+    }
+    TextWindow overview(window(), cell(), kOverviewTitle, text, TextWindow::kNotesSize);
+    overview.run();
 }
-void CommandDispatcher::prog_menu() {}
-void CommandDispatcher::info_menu() {}
-void CommandDispatcher::choose_model() {}
-void CommandDispatcher::show_help(Command) {}
+
+// The "Prog." window closes before the chosen window opens.
+void CommandDispatcher::prog_menu() {
+    std::optional<ProgChoice> choice;
+    {
+        ProgMenuDialog dialog(window(), cell());
+        dialog.run();
+        choice = dialog.get_choice();
+    }
+    if (!choice) return;
+    switch (*choice) {
+        case ProgChoice::Calendar:
+            return choose_model();
+        case ProgChoice::Font:
+            return choose_font();
+        case ProgChoice::BackgroundColour:
+            return choose_background();
+        case ProgChoice::Hours:
+            return open_hours();
+        case ProgChoice::Vacation:
+            return later(Command::Vacation);
+        case ProgChoice::Directory:
+            return later(Command::DataDirectory);
+        case ProgChoice::Settings:
+            return later(Command::Settings);
+        case ProgChoice::Export:
+            return later(Command::Export);
+        case ProgChoice::Info:
+            return show_help(Command::ProgInfoText);
+    }
+}
+
+void CommandDispatcher::info_menu() {
+    std::optional<InfoChoice> choice;
+    {
+        InfoDialog dialog(window(), cell());
+        dialog.run();
+        choice = dialog.get_choice();
+    }
+    if (!choice) return;
+    switch (*choice) {
+        case InfoChoice::YearlyHours: {
+            // The year of the cursor's month column.
+            YearlyHoursWindow hours(window(), cell(),
+                                    marks::yearly_hours(session::plan_context(m_state.session),
+                                                        m_state.page.cursor.year));
+            hours.run();
+            return;
+        }
+        case InfoChoice::SchoolHolidays: {
+            SchoolHolidayWindow list(window(), cell(),
+                                     m_state.page.year);  // the first column's year
+            list.run();
+            return;
+        }
+        case InfoChoice::Holidays: {
+            HolidayListWindow list(window(), cell(), m_state.page.year);
+            list.run();
+            return;
+        }
+        default:
+            if (const auto topic = help_topic(*choice)) {
+                HelpWindow help(window(), cell(), *topic);
+                help.run();
+            }
+            return;
+    }
+}
+
+void CommandDispatcher::choose_model() {
+    std::optional<int> model;
+    {
+        ModelChooserDialog dialog(window(), cell(), m_state.page.model);
+        dialog.run();
+        model = dialog.get_model();
+    }
+    if (model) set_page(calendar::switch_model(m_state.page, *model));
+}
+
+// Key I and the "Prog." window's "Info": the overview of the program.
+void CommandDispatcher::show_help(Command) {
+    HelpWindow help(window(), cell(), HelpTopic::ProgramInfo);
+    help.run();
+}
 
 void CommandDispatcher::quit(bool can_show) {
     if (m_quit) return;

@@ -21,6 +21,7 @@
 #include <string_view>
 
 #include "app/app_state.hpp"
+#include "app/ui_support.hpp"
 #include "calendar/dates.hpp"
 #include "view/page_input.hpp"
 #include "view/page_text.hpp"
@@ -185,7 +186,8 @@ class CommandDispatcher {
 
     MainWindow& m_window;
     AppState& m_state;
-    view::PageExtras m_extras;  // notes, markings and sky of the session, kept between redraws
+    ControlFont m_control_font;  // the page font on every control
+    view::PageExtras m_extras;   // notes, markings and sky of the session, kept between redraws
     bool m_quit = false;
 };
 

@@ -120,4 +120,21 @@ std::string format_german_date(const Day& day);
 // "6. Januar": day of month, ". " and the month name.
 std::string format_day_and_month(const Day& day);
 
+// The German date text as a date field holds it: "dd.mm.yyyy", where a
+// one-digit day or month may also be typed without its zero ("6.1.2024");
+// blanks around the text are ignored. nullopt for anything else, including
+// impossible dates such as 30.02.2024.
+std::optional<Day> parse_german_date(std::string_view text);
+
+// What a date field holds, judged against the field's range [min, max].
+enum class DateEntry { Valid, Malformed, NoSuchDay, TooEarly, TooLate };
+DateEntry check_date_entry(std::string_view text, DayNumber min, DayNumber max);
+// The German hint a field shows for its state; empty for a valid entry.
+std::string date_entry_hint(DateEntry state, DayNumber min, DayNumber max);
+
+// The same day of month `months` months later (earlier when negative); a
+// day past the end of the target month becomes its last day (31 January
+// + 1 month is 28 or 29 February).
+Day add_months(const Day& day, int months);
+
 }  // namespace sk::calendar

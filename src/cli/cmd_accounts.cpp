@@ -32,24 +32,16 @@ constexpr std::string_view kUsage =
 
 void print_yearly_hours(std::ostream& out, const marks::YearlyHours& table) {
     out << "Jahresstunden\t" << table.year << '\n';
-    if (table.crews == 0) return;
-    const auto crews = static_cast<std::size_t>(table.crews);
-    out << "Monat";
-    for (std::size_t c = 0; c < crews; ++c) out << '\t' << marks::kCrewHeadings[c];
+    const marks::YearlyHoursText text = marks::yearly_hours_text(table);
+    if (text.rows.empty()) return;
+    for (std::size_t i = 0; i < text.headings.size(); ++i)
+        out << (i ? "\t" : "") << text.headings[i];
     out << '\n';
-    for (std::size_t m = 0; m < 12; ++m) {
-        out << calendar::kMonthNames[m];
-        for (std::size_t c = 0; c < crews; ++c)
-            out << '\t' << marks::hours_text(table.months[m][c]);
+    for (const auto& row : text.rows) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            out << (i ? "\t" : "") << row[i];
         out << '\n';
     }
-    out << "Summe";
-    for (std::size_t c = 0; c < crews; ++c)
-        out << '\t' << marks::hours_text(table.sums[c]);
-    out << "\nSoll";
-    for (std::size_t c = 0; c < crews; ++c)
-        out << '\t' << marks::hours_text(table.target);
-    out << '\n';
 }
 
 int run_accounts(const Args& args, std::ostream& out, std::ostream& err) {

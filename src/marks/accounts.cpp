@@ -1,5 +1,6 @@
 #include "marks/accounts.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -226,6 +227,26 @@ YearlyHours yearly_hours(const PlanContext& plan, int year) {
         }
     }
     return table;
+}
+
+YearlyHoursText yearly_hours_text(const YearlyHours& table) {
+    YearlyHoursText text;
+    if (table.crews <= 0) return text;
+    const auto crews = static_cast<std::size_t>(std::min(table.crews, 5));
+    text.headings.emplace_back("Monat");
+    for (std::size_t c = 0; c < crews; ++c)
+        text.headings.emplace_back(kCrewHeadings[c]);
+    auto add_row = [&](std::string_view label, auto&& hours_of_crew) {
+        std::vector<std::string> row{std::string(label)};
+        for (std::size_t c = 0; c < crews; ++c)
+            row.push_back(hours_text(hours_of_crew(c)));
+        text.rows.push_back(std::move(row));
+    };
+    for (std::size_t m = 0; m < 12; ++m)
+        add_row(calendar::kMonthNames[m], [&](std::size_t c) { return table.months[m][c]; });
+    add_row("Summe", [&](std::size_t c) { return table.sums[c]; });
+    add_row("Soll", [&](std::size_t) { return table.target; });
+    return text;
 }
 
 }  // namespace sk::marks

@@ -15,6 +15,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "calendar/colour.hpp"
 #include "calendar/dates.hpp"
@@ -134,5 +135,15 @@ struct YearlyHours {
 inline constexpr std::array<std::string_view, 5> kCrewHeadings = {"Rot", "Blau", "Gelb", "Grün",
                                                                   "Braun"};
 YearlyHours yearly_hours(const PlanContext& plan, int year);
+
+// The table as text, the same for the window and the command line: the
+// heading row ("Monat" and the crews), then one row per month (its name),
+// "Summe" and "Soll" (the target in every crew column). No rows when the
+// model has no table.
+struct YearlyHoursText {
+    std::vector<std::string> headings;
+    std::vector<std::vector<std::string>> rows;
+};
+YearlyHoursText yearly_hours_text(const YearlyHours& table);
 
 }  // namespace sk::marks

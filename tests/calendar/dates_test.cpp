@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <ctime>
 #include <string>
 
@@ -61,6 +62,62 @@ TEST(Dates, ParseIsoDate) {
 // The ISO date and "7. März" are golden outputs of the command line.
 TEST(Dates, GermanDate) {
     EXPECT_EQ(format_german_date(Day::from_date(2024, 0, 6)), "06.01.2024");
+}
+
+// Every day of the calendar reads back from its German text, also typed
+// without leading zeros.
+TEST(Dates, GermanDateReadsBackEveryDay) {
+    for (DayNumber d = kFirstDay; d <= kLastDay; ++d) {
+        const Day day = Day::from_number(d);
+        ASSERT_EQ(parse_german_date(format_german_date(day)), day);
+        const std::string short_form = std::to_string(day.mday) + "." +
+                                       std::to_string(day.month_index + 1) + "." +
+                                       std::to_string(day.year);
+        ASSERT_EQ(parse_german_date(short_form), day) << short_form;
+    }
+}
+
+TEST(Dates, DateEntryStates) {
+    const DayNumber min = day_number(2024, 0, 1), max = kLastDay;
+    struct Case {
+        const char* text;
+        DateEntry state;
+    };
+    for (const auto& c :
+         {Case{" 29.02.2024 ", DateEntry::Valid}, Case{"31.07.2037", DateEntry::Valid},
+          Case{"01.08.2037", DateEntry::TooLate}, Case{"31.12.2023", DateEntry::TooEarly},
+          Case{"30.02.2024", DateEntry::NoSuchDay}, Case{"29.02.2023", DateEntry::NoSuchDay},
+          Case{"00.01.2024", DateEntry::NoSuchDay}, Case{"01.13.2024", DateEntry::NoSuchDay},
+          Case{"", DateEntry::Malformed}, Case{"1.1.24", DateEntry::Malformed},
+          Case{"01.01.20245", DateEntry::Malformed}, Case{"001.01.2024", DateEntry::Malformed},
+          Case{"01-01-2024", DateEntry::Malformed}, Case{"1..2024", DateEntry::Malformed},
+          Case{"a1.01.2024", DateEntry::Malformed}, Case{"01.01.2024.", DateEntry::Malformed},
+          Case{"+1.01.2024", DateEntry::Malformed}}) {
+        EXPECT_EQ(check_date_entry(c.text, min, max), c.state) << '"' << c.text << '"';
+        EXPECT_EQ(parse_german_date(c.text).has_value(),
+                  c.state != DateEntry::Malformed && c.state != DateEntry::NoSuchDay)
+            << c.text;
+    }
+    EXPECT_EQ(date_entry_hint(DateEntry::Valid, min, max), "");
+    EXPECT_EQ(date_entry_hint(DateEntry::TooLate, min, max),
+              "Das Datum darf nicht nach dem 31.07.2037 liegen.");
+    EXPECT_EQ(date_entry_hint(DateEntry::TooEarly, min, max),
+              "Das Datum darf nicht vor dem 01.01.2024 liegen.");
+}
+
+// A month on keeps the day where the month has it and takes the month's last
+// day otherwise; checked against the month lengths over forty years.
+TEST(Dates, AddMonths) {
+    for (DayNumber d = day_number(2000, 0, 1); d < day_number(2040, 0, 1); ++d) {
+        const Day day = Day::from_number(d);
+        for (int months : {1, -1, 13, -25}) {
+            const Day moved = add_months(day, months);
+            ASSERT_EQ((moved.year - day.year) * 12 + moved.month_index - day.month_index, months);
+            ASSERT_EQ(moved.mday, std::min(day.mday, moved.month_length()))
+                << ::testing::PrintToString(day) << " + " << months;
+        }
+    }
+    EXPECT_EQ(add_months(Day::from_date(2024, 0, 31), 1), Day::from_date(2024, 1, 29));
 }
 
 }  // namespace

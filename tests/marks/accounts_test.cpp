@@ -280,5 +280,23 @@ TEST(YearlyHours, TableValues) {
     EXPECT_EQ(yearly_hours(PlanContext{.model = 6}, 2024).crews, 0);
 }
 
+TEST(YearlyHours, TableText) {
+    const YearlyHoursText five = yearly_hours_text(yearly_hours(kPlan, 2024));
+    const YearlyHoursText three = yearly_hours_text(yearly_hours(PlanContext{.model = 2}, 2024));
+    EXPECT_EQ(five.headings,
+              (std::vector<std::string>{"Monat", "Rot", "Blau", "Gelb", "Grün", "Braun"}));
+    EXPECT_EQ(three.headings.back(), "Gelb");
+    ASSERT_EQ(five.rows.size(), 14u);
+    EXPECT_EQ(five.rows[0][0], "Januar");
+    EXPECT_EQ(five.rows[0][1], "168,00");
+    EXPECT_EQ(three.rows[0][1], "178,50");
+    EXPECT_EQ(five.rows[12][0], "Summe");
+    EXPECT_EQ(five.rows[13], (std::vector<std::string>{"Soll", "1982,76", "1982,76", "1982,76",
+                                                       "1982,76", "1982,76"}));
+    for (const auto& row : five.rows)
+        EXPECT_EQ(row.size(), five.headings.size());
+    EXPECT_TRUE(yearly_hours_text(yearly_hours(PlanContext{.model = 7}, 2024)).rows.empty());
+}
+
 }  // namespace
 }  // namespace sk::marks

@@ -69,14 +69,17 @@ void click(Gtk::Widget& widget, double x, double y, bool twice) {
 }
 
 WindowTest::WindowTest() {
-    // Answers every message box with its one button, keeping title and text.
+    // Answers every window as it opens, keeping title and text.
     m_catcher = Glib::signal_timeout().connect(
         [this] {
             for (Gtk::Window* w : Gtk::Window::list_toplevels()) {
-                auto* box = dynamic_cast<Gtk::MessageDialog*>(w);
-                if (!box || !box->get_visible()) continue;
-                m_messages.push_back({box->get_title(), box->property_text().get_value()});
-                box->response(Gtk::RESPONSE_OK);
+                auto* dialog = dynamic_cast<Gtk::Dialog*>(w);
+                if (!dialog || !dialog->get_visible()) continue;
+                auto* box = dynamic_cast<Gtk::MessageDialog*>(dialog);
+                m_messages.push_back(
+                    {dialog->get_title(), box ? box->property_text().get_value() : ""});
+                if (m_answer && m_answer(*dialog)) continue;
+                dialog->response(box ? Gtk::RESPONSE_OK : Gtk::RESPONSE_CANCEL);
             }
             return true;
         },

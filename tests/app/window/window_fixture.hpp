@@ -24,7 +24,7 @@ void send_key(Gtk::Window& window, guint keyval, GdkModifierType state = GdkModi
 // A primary-button press at (x, y) of the widget; two for a double click.
 void click(Gtk::Widget& widget, double x, double y, bool twice = false);
 
-// A message box seen by the catcher: its title and text.
+// A message box or window seen by the catcher: its title and (message boxes) text.
 struct Message {
     std::string title;
     std::string text;
@@ -49,7 +49,11 @@ class WindowTest : public ::testing::Test {
 
     sk::test::TempDir m_dir;
     std::unique_ptr<Program> m_program;
-    std::vector<Message> m_messages;  // every box answered so far
+    std::vector<Message> m_messages;  // every box and window closed so far
+    // Asked first for every window that opens; true when it answered the
+    // window itself. Otherwise message boxes get "OK" and other windows
+    // are cancelled.
+    std::function<bool(Gtk::Dialog&)> m_answer;
 
   private:
     sigc::connection m_catcher;

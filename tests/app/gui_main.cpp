@@ -1,0 +1,26 @@
+// Entry of the GUI tests: GTK on the display the wrapper started, the test
+// fonts, then GoogleTest. Listing the tests needs no display.
+#include <gtest/gtest.h>
+#include <gtkmm.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <iostream>
+
+#include "test_support.hpp"
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    setenv("FONTCONFIG_FILE", sk::test::source_path("view/fonts.conf").c_str(), 0);
+    bool listing = false;
+    for (int i = 1; i < argc; ++i)
+        if (std::strcmp(argv[i], "--gtest_list_tests") == 0) listing = true;
+    if (!listing) {
+        if (!gtk_init_check(&argc, &argv)) {
+            std::cerr << "Keine Anzeige: die GUI-Tests laufen nur unter X (tools/with-xvfb.sh).\n";
+            return 1;
+        }
+        Gtk::Main::init_gtkmm_internals();
+    }
+    return RUN_ALL_TESTS();
+}
