@@ -81,6 +81,16 @@ struct Window {
         options.today = today;
         options.data_root = root;
         options.screen = [] { return std::optional<app::ScreenSize>(app::ScreenSize{8000, 3000}); };
+        // Today's notes open in a window at the start: closed as it comes.
+        Glib::signal_timeout().connect(
+            [] {
+                for (Gtk::Window* w : Gtk::Window::list_toplevels())
+                    if (auto* dialog = dynamic_cast<Gtk::Dialog*>(w);
+                        dialog && dialog->get_visible())
+                        dialog->response(Gtk::RESPONSE_CANCEL);
+                return true;
+            },
+            50);
         program = std::make_unique<app::Program>();
         program->start(options);
         program->window().page_view().signal_page_drawn().connect([this] { drawn = true; });
