@@ -105,5 +105,25 @@ TEST_F(WindowTest, ProgWindowReachesTheCalendarChooser) {
     EXPECT_FALSE(window().button(Command::BlockToggle).get_visible());
 }
 
+TEST_F(WindowTest, BackgroundColourIsThePagesForTheRun) {
+    start(date(2026, 11, 23));
+    m_answer = [](Gtk::Dialog& dialog) {
+        auto* chooser = dynamic_cast<Gtk::ColorChooserDialog*>(&dialog);
+        if (!chooser) return false;
+        Gdk::RGBA colour;
+        colour.set_rgba_u(236 * 257, 233 * 257, 216 * 257);
+        chooser->set_rgba(colour);
+        dialog.response(Gtk::RESPONSE_OK);
+        return true;
+    };
+    key(GDK_KEY_h);
+    EXPECT_EQ(window().page_view().page()->background, (calendar::Rgb{236, 233, 216}));
+    key(GDK_KEY_F3);  // kept on the next page, and never in the settings
+    EXPECT_EQ(window().page_view().page()->background, (calendar::Rgb{236, 233, 216}));
+    m_answer = nullptr;
+    key(GDK_KEY_h);  // cancelled: stays
+    EXPECT_EQ(state().background, (calendar::Rgb{236, 233, 216}));
+}
+
 }  // namespace
 }  // namespace sk::app::test
