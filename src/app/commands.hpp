@@ -105,8 +105,6 @@ struct ButtonSpec {
 // The button row from left to right; the block toggle comes last.
 std::span<const ButtonSpec> button_specs();
 
-// The command of each "Prog." entry is chosen in the dispatcher.
-
 class CommandDispatcher {
   public:
     CommandDispatcher(MainWindow& window, AppState& state);
@@ -156,8 +154,7 @@ class CommandDispatcher {
     // The screen check of a page of `columns` month columns in the cell.
     bool page_fits(int columns, view::CellSize cell) const;
 
-    // The page image the clipboard receives (key Z): the window's page
-    // exactly as it is shown.
+    // Messages: key Z's "Information", the font checks' "Fehler".
     static constexpr std::string_view kCopiedMessage =
         "Die Kalender wurde in die Zwischenablage kopiert.";
     static constexpr std::string_view kFontTooLarge =
@@ -165,6 +162,8 @@ class CommandDispatcher {
     static constexpr std::string_view kStartFontTooLarge =
         "Der Zeichensatz ist für den Bildschirm zu groß!";
 
+    // The parent of every window the commands open, and the character cell
+    // of the page font that sizes them.
     Gtk::Window& window();
     view::CellSize cell();
 
