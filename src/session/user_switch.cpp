@@ -183,6 +183,21 @@ SwitchResult log_in(Session& session, const std::string& user, const std::string
     return open_and_take(session, login_root(session), user, password_utf8);
 }
 
+std::string apply_settings(Session& session, const settings::Settings& s) {
+    const settings::Settings old = session.settings;
+    session.settings = s;
+    if (s.vacation_cycle != old.vacation_cycle)
+        session.vacation_order = calendar::rotate_order(calendar::kVacationOrder, s.vacation_cycle);
+    if (s.vacation_start_month != old.vacation_start_month ||
+        s.vacation_start_day != old.vacation_start_day)
+        session.vacation_start = {s.vacation_start_month, s.vacation_start_day};
+    if (session.read_only) return {};
+    std::string error;
+    if (!settings::write_settings_file(session.user_dir / settings::kSettingsFileName, s, &error))
+        return "Die Einstellungen konnten nicht gespeichert werden: " + error;
+    return {};
+}
+
 DataRootTarget data_root_target(const Session& session, const fs::path& new_root) {
     DataRootTarget target;
     std::error_code ec;

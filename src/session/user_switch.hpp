@@ -70,6 +70,14 @@ SwitchResult change_data_root(Session& session, const std::filesystem::path& new
                               ExistingUserDir existing,
                               const std::filesystem::path& start_user_dir);
 
+// The settings dialog's result: taken into the session and written to
+// "Einstellungen.dat" at once. A changed "UrlaubZyklus" sets the run's
+// vacation order anew and a changed earliest start the run's start (so the
+// keys Y and F of this run are kept otherwise). Returns the German message
+// of a failed write; the settings stay in the session and are written again
+// on exit.
+std::string apply_settings(Session& session, const settings::Settings& settings);
+
 // The question before a move onto an existing user directory.
 inline constexpr std::string_view kExistingDirectoryQuestion =
     "Das Verzeichnis existiert bereits! Sollen bereits vorhandene Dateien gelöscht und "

@@ -220,5 +220,25 @@ TEST(DataRoot, FailuresChangeNothing) {
               std::string::npos);
 }
 
+// Saved settings are on disk at once; the run's vacation order and start
+// follow only what the dialog changed.
+TEST(ApplySettings, WritesAndKeepsTheRunsVacationKeys) {
+    test::TempDir dir;
+    Session s = start(dir / "SKDaten");
+    rotate_vacation_order(s);  // key Y
+    const auto rotated = s.vacation_order;
+    settings::Settings changed = s.settings;
+    changed.moon_phases_shown = 1;
+    EXPECT_EQ(apply_settings(s, changed), "");
+    EXPECT_EQ(settings_on_disk(s.user_dir).moon_phases_shown, 1);
+    EXPECT_EQ(s.vacation_order, rotated);
+    changed.vacation_cycle = 2;
+    changed.vacation_start_day = 1;
+    EXPECT_EQ(apply_settings(s, changed), "");
+    EXPECT_EQ(s.vacation_order, calendar::rotate_order(calendar::kVacationOrder, 2));
+    EXPECT_EQ(s.vacation_start.day, 1);
+    EXPECT_EQ(settings_on_disk(s.user_dir), s.settings);
+}
+
 }  // namespace
 }  // namespace sk::session
