@@ -179,7 +179,8 @@ std::span<const ButtonSpec> button_specs() {
 }
 
 std::optional<Command> command_for_key(guint keyval, GdkModifierType state) {
-    const auto modifiers = state & (GDK_CONTROL_MASK | GDK_MOD1_MASK | GDK_SUPER_MASK | GDK_META_MASK);
+    const auto modifiers =
+        state & (GDK_CONTROL_MASK | GDK_MOD1_MASK | GDK_SUPER_MASK | GDK_META_MASK);
     if (modifiers == GDK_CONTROL_MASK && gdk_keyval_to_lower(keyval) == GDK_KEY_p)
         return Command::Print;
     if (state & (GDK_CONTROL_MASK | GDK_MOD1_MASK | GDK_SUPER_MASK | GDK_META_MASK))
@@ -332,9 +333,9 @@ void CommandDispatcher::edit_settings() {
 // plan for the wall.
 void CommandDispatcher::print_page() {
     const calendar::PageState& p = m_state.page;
-    view::PageRequest request = view::page_request(
-        m_state.session, calendar::Day::from_date(p.year, p.month_index, 1), p.cursor,
-        m_state.today);
+    view::PageRequest request =
+        view::page_request(m_state.session, calendar::Day::from_date(p.year, p.month_index, 1),
+                           p.cursor, m_state.today);
     request.cursor.reset();
     const view::PageLayout layout = m_state.renderer.layout(request, m_extras);
     if (m_printer.print(window(), layout) == Gtk::PRINT_OPERATION_RESULT_ERROR)
