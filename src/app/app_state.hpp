@@ -5,6 +5,7 @@
 // the window shows it.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <optional>
 
@@ -32,6 +33,9 @@ struct AppState {
     // The screen the page must fit (the work area of the window's monitor);
     // nullopt when no screen is found. Tests put a screen of their own here.
     std::function<std::optional<ScreenSize>()> screen;
+    // The user directory opened at the start: the next start reads its
+    // settings, so a new data root is noted there too.
+    std::filesystem::path start_user_dir;
 
     AppState(session::Session s, const calendar::Day& today_);
 };

@@ -176,13 +176,20 @@ int run(int argc, char** argv) {
         return 2;
     }
 
-    auto app = Gtk::Application::create(kApplicationId, Gio::APPLICATION_NON_UNIQUE);
+    // One window per user session: a second start only brings the open window
+    // to the front (it reaches the first over D-Bus; without a session bus
+    // every start has a window of its own). The headless commands never get
+    // here.
+    auto app = Gtk::Application::create(kApplicationId);
     Program program;
     int status = 0;
     bool started = false;
     const bool timing = std::getenv("SK_TIMING_FIRST_PAGE") != nullptr;
     app->signal_activate().connect([&] {
-        if (started) return;
+        if (started) {
+            if (status == 0) program.window().present();
+            return;
+        }
         started = true;
         if (!program.start(parsed.options)) {
             status = 1;

@@ -13,10 +13,13 @@
 #include "app/model_chooser_dialog.hpp"
 #include "app/prog_menu_dialog.hpp"
 #include "app/school_holiday_window.hpp"
+#include "app/settings_dialog.hpp"
 #include "app/text_window.hpp"
+#include "app/user_commands.hpp"
 #include "app/yearly_hours_window.hpp"
 #include "calendar/shift_model.hpp"
 #include "notes/notes_of_day.hpp"
+#include "session/user_switch.hpp"
 #include "view/hit_test.hpp"
 #include "view/page_geometry.hpp"
 #include "view/page_sources.hpp"
@@ -176,6 +179,10 @@ std::span<const ButtonSpec> button_specs() {
 }
 
 std::optional<Command> command_for_key(guint keyval, GdkModifierType state) {
+    const auto modifiers =
+        state & (GDK_CONTROL_MASK | GDK_MOD1_MASK | GDK_SUPER_MASK | GDK_META_MASK);
+    if (modifiers == GDK_CONTROL_MASK && gdk_keyval_to_lower(keyval) == GDK_KEY_p)
+        return Command::Print;
     if (state & (GDK_CONTROL_MASK | GDK_MOD1_MASK | GDK_SUPER_MASK | GDK_META_MASK))
         return std::nullopt;
     const guint key = gdk_keyval_to_lower(keyval);
@@ -259,6 +266,14 @@ void CommandDispatcher::run(Command command) {
         case Command::ProgramInfo:
         case Command::ProgInfoText:
             return show_help(command);
+        case Command::Login:
+            return log_in();
+        case Command::Settings:
+            return edit_settings();
+        case Command::DataDirectory:
+            return change_data_directory();
+        case Command::Print:
+            return print_page();
         default:
             return later(command);
     }
@@ -270,12 +285,62 @@ void CommandDispatcher::run(Command command) {
 //   NoteMenu, DailyNote, PeriodicNote, YearlyNote, WeekdayNote,
 //   CalendarMarking, DeleteUpTo, Vacation: the entry dialogs
 //     (changed(kPage | kStatus) after a note or marking was written);
-//   Login: changed(kSources | kPage | kStatus | kSize | kControls | kTitle)
-//     after the session was replaced (m_state.session);
-//   Settings, DataDirectory: changed(kSources | kPage | kStatus | kSize)
-//     after the settings were written;
 //   Export: nothing to redraw.
 void CommandDispatcher::later(Command) {}
+
+// Keys F11 and A, button "Name".
+void CommandDispatcher::log_in() {
+    if (run_login(window(), cell(), m_state.session)) session_replaced();
+}
+
+// "Prog." - "Programmverzeichnis".
+void CommandDispatcher::change_data_directory() {
+    DataRootChange change(window(), m_state.session, m_state.start_user_dir);
+    if (change.run()) session_replaced();
+}
+
+void CommandDispatcher::session_replaced() {
+    const settings::Settings& s = m_state.session.settings;
+    m_state.renderer.set_font(view::font_spec(s));
+    calendar::PageState page = m_state.page;
+    page.columns = s.columns;
+    page.model = s.model;
+    page = calendar::normalized(page);
+    // As at the start: seven or more columns that do not fit fall back to six.
+    if (page.columns >= 7 && !page_fits(page.columns, cell())) {
+        page.columns = calendar::kMinColumns;
+        page = calendar::normalized(page);
+    }
+    m_state.page = page;
+    changed(kSources | kPage | kStatus | kSize | kControls | kTitle);
+}
+
+// Key E, "Prog." - "Einstellungen": saved at once, then drawn anew.
+void CommandDispatcher::edit_settings() {
+    std::optional<settings::Settings> saved;
+    {
+        SettingsDialog dialog(window(), cell(), m_state.session.settings);
+        if (dialog.run() != Gtk::RESPONSE_OK) return;
+        saved = dialog.get_settings();
+    }
+    if (!saved) return;
+    const std::string error = session::apply_settings(m_state.session, *saved);
+    changed(kSources | kPage | kStatus | kSize);
+    if (!error.empty()) show_error(&window(), to_ustring(error));
+}
+
+// Ctrl+P: the shown months on paper, without the cursor and on white, as a
+// plan for the wall.
+void CommandDispatcher::print_page() {
+    const calendar::PageState& p = m_state.page;
+    view::PageRequest request =
+        view::page_request(m_state.session, calendar::Day::from_date(p.year, p.month_index, 1),
+                           p.cursor, m_state.today);
+    request.cursor.reset();
+    const view::PageLayout layout = m_state.renderer.layout(request, m_extras);
+    if (m_printer.print(window(), layout) == Gtk::PRINT_OPERATION_RESULT_ERROR)
+        show_error(&window(), to_ustring(m_printer.error()));
+}
 
 void CommandDispatcher::open_shift_marking(const calendar::Day&, int) {
     // Hook: the shift marking dialog for the day and column 1..4; after a
@@ -488,9 +553,9 @@ void CommandDispatcher::prog_menu() {
         case ProgChoice::Vacation:
             return later(Command::Vacation);
         case ProgChoice::Directory:
-            return later(Command::DataDirectory);
+            return change_data_directory();
         case ProgChoice::Settings:
-            return later(Command::Settings);
+            return edit_settings();
         case ProgChoice::Export:
             return later(Command::Export);
         case ProgChoice::Info:

@@ -21,6 +21,7 @@
 #include <string_view>
 
 #include "app/app_state.hpp"
+#include "app/page_printer.hpp"
 #include "app/ui_support.hpp"
 #include "calendar/dates.hpp"
 #include "view/page_input.hpp"
@@ -82,6 +83,7 @@ enum class Command : std::uint8_t {
     DataDirectory,
     Export,
     ProgInfoText,
+    Print,  // Ctrl+P
 };
 
 struct KeyBinding {
@@ -93,7 +95,8 @@ struct KeyBinding {
 std::span<const KeyBinding> key_bindings();
 
 // The command of a key press; nullopt for keys the window does not use and
-// for any key held with Ctrl, Alt or Super (those are left to the widgets).
+// for any key held with Ctrl, Alt or Super (those are left to the widgets),
+// except Ctrl+P, which prints.
 std::optional<Command> command_for_key(guint keyval, GdkModifierType state);
 
 struct ButtonSpec {
@@ -181,12 +184,20 @@ class CommandDispatcher {
     void info_menu();
     void choose_model();
     void show_help(Command command);
+    void log_in();
+    void edit_settings();
+    void change_data_directory();
+    void print_page();
+    // After a login or a move of the data root: the page takes the new
+    // user's columns, model and font, and everything is drawn anew.
+    void session_replaced();
     void later(Command command);
 
     MainWindow& m_window;
     AppState& m_state;
     ControlFont m_control_font;  // the page font on every control
     view::PageExtras m_extras;   // notes, markings and sky of the session, kept between redraws
+    PagePrinter m_printer;       // keeps printer and page setup for the run
     bool m_quit = false;
 };
 

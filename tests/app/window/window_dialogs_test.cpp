@@ -28,6 +28,7 @@ TEST_F(WindowTest, KeysOpenTheirWindows) {
     const OpenCase cases[] = {
         {GDK_KEY_F10, "Prog."},     {GDK_KEY_F12, "Info"},      {GDK_KEY_F8, "Datum"},
         {GDK_KEY_d, "Datum"},       {GDK_KEY_f, "Blockurlaub"}, {GDK_KEY_i, "Programminfo"},
+        {GDK_KEY_a, "Anmelden"},    {GDK_KEY_F11, "Anmelden"},  {GDK_KEY_e, "Einstellungen"},
         {GDK_KEY_u, "Information"},  // no notes on the page
     };
     for (const OpenCase& c : cases) {
@@ -42,6 +43,16 @@ TEST_F(WindowTest, KeysOpenTheirWindows) {
     ASSERT_EQ(m_messages.size(), 1u);
     EXPECT_EQ(m_messages[0].title, "Prog.");
     // Cancelled windows change nothing.
+    EXPECT_EQ(state().page.cursor, date(2026, 11, 23));
+}
+
+// Ctrl+P opens the print dialog; cancelled, nothing changes.
+TEST_F(WindowTest, CtrlPOpensThePrintDialog) {
+    g_object_set(gtk_settings_get_default(), "gtk-print-backends", "file", nullptr);
+    start(date(2026, 11, 23));
+    m_messages.clear();
+    key(GDK_KEY_p, GDK_CONTROL_MASK);
+    EXPECT_EQ(m_messages.size(), 1u);
     EXPECT_EQ(state().page.cursor, date(2026, 11, 23));
 }
 
