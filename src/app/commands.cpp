@@ -11,6 +11,7 @@
 #include "app/main_window.hpp"
 #include "app/message_box.hpp"
 #include "app/model_chooser_dialog.hpp"
+#include "app/note_actions.hpp"
 #include "app/prog_menu_dialog.hpp"
 #include "app/school_holiday_window.hpp"
 #include "app/settings_dialog.hpp"
@@ -233,6 +234,18 @@ void CommandDispatcher::run(Command command) {
             return enter_vacation_start();
         case Command::NotesOverview:
             return show_notes_overview();
+        case Command::NoteMenu:
+            return note_menu();
+        case Command::DailyNote:
+            return edit_note(notes::NoteKind::Daily);
+        case Command::PeriodicNote:
+            return edit_note(notes::NoteKind::Periodic);
+        case Command::YearlyNote:
+            return edit_note(notes::NoteKind::Yearly);
+        case Command::WeekdayNote:
+            return edit_note(notes::NoteKind::Weekday);
+        case Command::DeleteUpTo:
+            return delete_up_to();
         case Command::Font:
             return choose_font();
         case Command::BackgroundColour:
@@ -282,9 +295,9 @@ void CommandDispatcher::run(Command command) {
 // Hooks of the windows still to come. Each case opens its dialog on
 // window() with cell(), applies the dialog's result through the core and
 // calls changed() with what changed:
-//   NoteMenu, DailyNote, PeriodicNote, YearlyNote, WeekdayNote,
-//   CalendarMarking, DeleteUpTo, Vacation: the entry dialogs
-//     (changed(kPage | kStatus) after a note or marking was written);
+//   CalendarMarking, Vacation: the entry dialogs (changed(kPage | kStatus)
+//     after a marking was written); the note menu's "Schichtmarkierung"
+//     in mark_shift_from_note_menu;
 //   Export: nothing to redraw.
 void CommandDispatcher::later(Command) {}
 
@@ -530,6 +543,48 @@ void CommandDispatcher::show_notes_overview() {
     }
     TextWindow overview(window(), cell(), kOverviewTitle, text, TextWindow::kNotesSize);
     overview.run();
+}
+
+// The note menu closes before the chosen window opens.
+void CommandDispatcher::note_menu() {
+    const std::optional<NoteMenuChoice> choice = choose_from_note_menu(window(), cell());
+    if (!choice) return;
+    if (const std::optional<notes::NoteKind> kind = note_kind_of(*choice)) return edit_note(*kind);
+    switch (*choice) {
+        case NoteMenuChoice::CalendarMarking:
+            return run(Command::CalendarMarking);
+        case NoteMenuChoice::ShiftMarking:
+            return mark_shift_from_note_menu();
+        case NoteMenuChoice::Delete:
+            return delete_up_to();
+        case NoteMenuChoice::Overview:
+            return show_notes_overview();
+        case NoteMenuChoice::Info: {
+            HelpWindow help(window(), cell(), HelpTopic::Notes);
+            help.run();
+            return;
+        }
+        default:
+            return;
+    }
+}
+
+// The editors open on the cursor day; a saved or deleted note shows at once
+// in the page's highlight and the notes line.
+void CommandDispatcher::edit_note(notes::NoteKind kind) {
+    if (app::edit_note(window(), cell(), m_state.session, kind, m_state.page.cursor))
+        changed(kPage | kStatus);
+}
+
+void CommandDispatcher::delete_up_to() {
+    if (delete_notes_up_to(window(), cell(), m_state.session, m_state.page.cursor))
+        changed(kPage | kStatus);
+}
+
+void CommandDispatcher::mark_shift_from_note_menu() {
+    // Hook: the column chooser "Schichtspalte eingeben", then the shift
+    // marking of the cursor day in the chosen column (nothing when the
+    // chooser was cancelled); after a change, changed(kPage | kStatus).
 }
 
 // The "Prog." window closes before the chosen window opens.

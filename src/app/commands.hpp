@@ -24,6 +24,7 @@
 #include "app/page_printer.hpp"
 #include "app/ui_support.hpp"
 #include "calendar/dates.hpp"
+#include "notes/note_keys.hpp"
 #include "view/page_input.hpp"
 #include "view/page_text.hpp"
 
@@ -180,6 +181,10 @@ class CommandDispatcher {
     void enter_date();
     void enter_vacation_start();
     void show_notes_overview();
+    void note_menu();
+    void edit_note(notes::NoteKind kind);
+    void delete_up_to();
+    void mark_shift_from_note_menu();
     void prog_menu();
     void info_menu();
     void choose_model();
