@@ -9,10 +9,17 @@ cmake --build build/release --target schichtkalender
 if [ $# -gt 0 ]; then
   exec build/release/src/schichtkalender "$@"
 fi
-if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ] && [ -f src/app/application.hpp ]; then
-  exec build/release/src/schichtkalender
+if [ -f src/app/application.hpp ]; then
+  if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    exec build/release/src/schichtkalender
+  fi
+  # No display: today's page as a picture instead of the window.
+  echo "Keine grafische Anzeige gefunden: die Kalenderseite von heute steht in kalender.png."
+  data=()
+  if [ -d SKDaten/Programm ]; then data=(--data-dir SKDaten); fi
+  exec build/release/src/schichtkalender render --out kalender.png "${data[@]}"
 fi
-# No window yet (or no display): the current month on the command line.
+# No window built: the current month on the command line.
 first=$(date +%Y-%m-01)
 last=$(date -d "$first +1 month -1 day" +%Y-%m-%d)
 exec build/release/src/schichtkalender days --from "$first" --to "$last"

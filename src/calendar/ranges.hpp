@@ -39,5 +39,15 @@ inline constexpr Range<double> kLongitudes{-180.0, 180.0};
 // ("UrlaubStartMonat", "UrlaubStartTag").
 inline constexpr Range<int> kVacationStartMonths{1, 12};
 inline constexpr Range<int> kVacationStartDays{1, 31};
+// Places the vacation order is shifted ("UrlaubZyklus"); five shifts are
+// the order itself again, so the settings dialog offers 0..4.
+inline constexpr Range<int> kVacationCycles{0, 4};
+// Yearly target hours ("Sollstunden_38", "Sollstunden_40"): more than none,
+// at most the hours of a leap year.
+inline constexpr Range<double> kTargetHours{1.0, 8784.0};
+// Years a yearly note may count from ("Beginn der Zählung mit dem Jahr").
+inline constexpr Range<int> kCountingYears{1900, 2100};
+// Repeat of a periodic note in days, as its editor offers it.
+inline constexpr Range<int> kRepeatIntervals{1, 365};
 
 }  // namespace sk::calendar

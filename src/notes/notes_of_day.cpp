@@ -9,17 +9,6 @@ namespace {
 using calendar::Day;
 using calendar::DayNumber;
 
-bool applies(PeriodicKey key, DayNumber day) {
-    // Truncating remainders on both sides; equal places in the repeat.
-    return key.interval != 0 &&
-           calendar::rem(day, key.interval) == calendar::rem(key.start, key.interval);
-}
-
-// The last occurrence of its weekday that still has ordinal 3 (days 22 to 28).
-bool in_last_week(const Day& day) {
-    return day.mday < 29 && day.mday > day.month_length() - 7;
-}
-
 std::string replace_all(std::string_view text, std::string_view from, std::string_view to,
                         bool& changed) {
     std::string out;
@@ -38,6 +27,16 @@ std::string replace_all(std::string_view text, std::string_view from, std::strin
 
 }  // namespace
 
+bool periodic_note_applies(PeriodicKey key, DayNumber day) {
+    // Truncating remainders on both sides; equal places in the repeat.
+    return key.interval != 0 &&
+           calendar::rem(day, key.interval) == calendar::rem(key.start, key.interval);
+}
+
+bool last_weekday_before_29th(const Day& day) {
+    return day.mday < 29 && day.mday > day.month_length() - 7;
+}
+
 std::string notes_window_title(const Day& day) {
     return "Notizen für den " + calendar::format_german_date(day);
 }
@@ -45,14 +44,14 @@ std::string notes_window_title(const Day& day) {
 std::vector<PeriodicKey> periodic_notes_of_day(const NoteStore& store, DayNumber day) {
     std::vector<PeriodicKey> keys;
     for (const PeriodicKey key : store.index().periodic)
-        if (applies(key, day)) keys.push_back(key);
+        if (periodic_note_applies(key, day)) keys.push_back(key);
     return keys;
 }
 
 int periodic_note_count(const NoteStore& store, DayNumber day) {
     int count = 0;
     for (const PeriodicKey key : store.index().periodic)
-        count += applies(key, day) ? 1 : 0;
+        count += periodic_note_applies(key, day) ? 1 : 0;
     return count;
 }
 
@@ -64,7 +63,7 @@ int weekday_note_flags(const NoteStore& store, const Day& day) {
     if (index.has_weekday(weekday_key(day.month_index, weekday, ordinal)) ||
         index.has_weekday(weekday_key(kEveryMonth, weekday, ordinal)))
         flags |= kOwnOrdinalNote;
-    if (in_last_week(day) &&
+    if (last_weekday_before_29th(day) &&
         (index.has_weekday(weekday_key(day.month_index, weekday, kLastOrdinal)) ||
          index.has_weekday(weekday_key(kEveryMonth, weekday, kLastOrdinal))))
         flags |= kLastWeekNote;
@@ -75,7 +74,7 @@ bool day_has_notes(const NoteStore& store, const Day& day) {
     const NoteIndex& index = store.index();
     if (index.has_daily(date_key(day)) || index.has_yearly(day_key(day))) return true;
     for (const PeriodicKey key : index.periodic)
-        if (applies(key, day.number)) return true;
+        if (periodic_note_applies(key, day.number)) return true;
     return weekday_note_flags(store, day) != 0;
 }
 
@@ -132,7 +131,7 @@ std::string NotesPass::notes_of_day(const Day& day, Separator separator) {
         text += sep;
     }
     for (const PeriodicKey key : index.periodic) {
-        if (!applies(key, day.number)) continue;
+        if (!periodic_note_applies(key, day.number)) continue;
         text += note(periodic_file_name(key));
         text += sep;
     }

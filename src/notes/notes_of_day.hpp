@@ -47,9 +47,16 @@ inline constexpr std::string_view kNoNotesInRange =
 // Title of a window showing one day's notes: "Notizen für den 15.03.2024".
 std::string notes_window_title(const calendar::Day& day);
 
-// The periodic notes that apply to a day, in index order: those whose start
-// lies on the day's place in the repeat. There is no test against the start
-// day, so a note also appears on the matching days before it.
+// A periodic note applies to a day when its start lies on the day's place
+// in the repeat. There is no test against the start day, so a note also
+// appears on the matching days before it.
+bool periodic_note_applies(PeriodicKey key, calendar::DayNumber day);
+
+// The day is the last of its weekday in the month but still has ordinal 3
+// (days 22 to 28): the "last" weekday-in-month notes apply to it too.
+bool last_weekday_before_29th(const calendar::Day& day);
+
+// The periodic notes that apply to a day, in index order.
 std::vector<PeriodicKey> periodic_notes_of_day(const NoteStore& store, calendar::DayNumber day);
 int periodic_note_count(const NoteStore& store, calendar::DayNumber day);
 
@@ -73,11 +80,11 @@ std::string notes_of_day(const NoteStore& store, const calendar::Day& day, Separ
 // week is not read a hundred times for one page. Keep a pass only as long as
 // the one computation; a new pass reads the files afresh.
 class NotesPass {
-public:
+  public:
     explicit NotesPass(const NoteStore& store) : m_store(store) {}
     std::string notes_of_day(const calendar::Day& day, Separator separator);
 
-private:
+  private:
     const std::optional<std::string>& file_text(const std::string& file_name);
     std::string note(const std::string& file_name);
     std::optional<std::string> weekday_note(std::int32_t key);

@@ -71,10 +71,10 @@ std::vector<std::string> save_on_exit(Session& s) {
     std::vector<std::string> errors;
     if (s.read_only) return errors;
     if (s.shift_markings.changed && !marks::save_shift_markings(s.user_dir, s.shift_markings))
-        errors.push_back("Die Schichtmarkierungen konnten nicht gespeichert werden.");
+        errors.emplace_back(kShiftMarkingsNotSaved);
     if (s.calendar_markings.changed &&
         !marks::save_calendar_markings(s.user_dir, s.calendar_markings))
-        errors.push_back("Die Kalendermarkierungen konnten nicht gespeichert werden.");
+        errors.emplace_back(kCalendarMarkingsNotSaved);
     std::string error;
     if (!settings::write_settings_file(s.user_dir / settings::kSettingsFileName, s.settings, &error))
         errors.push_back("Die Einstellungen konnten nicht gespeichert werden: " + error);

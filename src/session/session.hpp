@@ -87,6 +87,12 @@ void rotate_vacation_order(Session& session);
 // accounts as they reach the page.
 marks::PlanContext plan_context(const Session& session);
 
+// What a failed save of a markings file says.
+inline constexpr std::string_view kShiftMarkingsNotSaved =
+    "Die Schichtmarkierungen konnten nicht gespeichert werden.";
+inline constexpr std::string_view kCalendarMarkingsNotSaved =
+    "Die Kalendermarkierungen konnten nicht gespeichert werden.";
+
 // The save on exit: the shift and calendar markings when they changed, the
 // settings always. Every file is replaced atomically; what failed is listed
 // as German messages (the other files are still written). A read-only

@@ -45,6 +45,17 @@ bool write_png(const PageLayout& layout, const std::string& path, double scale) 
     return surface && cairo_surface_write_to_png(surface.get(), path.c_str()) == CAIRO_STATUS_SUCCESS;
 }
 
+void paint_page_fitted(cairo_t* cr, const PageLayout& layout, double width, double height,
+                       double margin) {
+    const double scale =
+        std::min((width - 2 * margin) / layout.width, (height - 2 * margin) / layout.height);
+    cairo_save(cr);
+    cairo_translate(cr, (width - layout.width * scale) / 2, (height - layout.height * scale) / 2);
+    cairo_scale(cr, scale, scale);
+    paint_page(cr, layout);
+    cairo_restore(cr);
+}
+
 bool write_pdf(const PageLayout& layout, const std::string& path, Paper paper) {
     constexpr double kPointsPerMm = 72.0 / 25.4;
     // Landscape: the long side across.
@@ -58,11 +69,7 @@ bool write_pdf(const PageLayout& layout, const std::string& path, Paper paper) {
     cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATOR, "Quorvel Schichtkalender");
     {
         const CairoPtr cr(cairo_create(surface.get()));
-        const double scale = std::min((width - 2 * margin) / layout.width,
-                                      (height - 2 * margin) / layout.height);
-        cairo_translate(cr.get(), (width - layout.width * scale) / 2, (height - layout.height * scale) / 2);
-        cairo_scale(cr.get(), scale, scale);
-        paint_page(cr.get(), layout);
+        paint_page_fitted(cr.get(), layout, width, height, margin);
         cairo_show_page(cr.get());
         if (cairo_status(cr.get()) != CAIRO_STATUS_SUCCESS) return false;
     }

@@ -42,6 +42,11 @@ SurfacePtr render_image(const PageLayout& layout, double scale = 1.0);
 // Both return false when the file cannot be written.
 bool write_png(const PageLayout& layout, const std::string& path, double scale = 1.0);
 
+// Paints the page scaled to fit `width` by `height` (in the context's units)
+// less `margin` on every side, centred: the PDF page and the printer's page.
+void paint_page_fitted(cairo_t* cr, const PageLayout& layout, double width, double height,
+                       double margin);
+
 enum class Paper { A4, A3 };
 // One landscape page of the paper size; the calendar page is scaled to fit
 // within a margin of 10 mm and centred. Text stays text (vector output).

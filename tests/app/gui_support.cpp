@@ -129,3 +129,62 @@ std::string accessible_name(Gtk::Widget& widget) {
 }
 
 }  // namespace sk::app::test
+
+namespace sk::app::test {
+
+Gtk::Window* shown_window(const Glib::ustring& title) {
+    for (Gtk::Window* window : Gtk::Window::list_toplevels())
+        if (window->get_mapped() && window->get_title() == title) return window;
+    return nullptr;
+}
+
+DialogAnswerer::DialogAnswerer(const Glib::ustring& title, int response, int times)
+    : m_title(title), m_response(response), m_times(times) {
+    m_poll = Glib::signal_timeout().connect(
+        [this] {
+            auto* dialog = dynamic_cast<Gtk::Dialog*>(shown_window(m_title));
+            if (!dialog) return true;
+            auto* message = dynamic_cast<Gtk::MessageDialog*>(dialog);
+            m_texts.push_back(message ? message->property_text().get_value().raw() : "");
+            dialog->response(m_response);
+            return count() < m_times;
+        },
+        5);
+}
+
+DialogAnswerer::~DialogAnswerer() {
+    m_poll.disconnect();
+}
+
+void run_with(const Glib::ustring& title, const std::function<void()>& call,
+              const std::function<void(Gtk::Window&)>& action) {
+    bool acted = false;
+    bool timed_out = false;
+    sigc::connection starter = Glib::signal_timeout().connect(
+        [&] {
+            Gtk::Window* window = shown_window(title);
+            if (!window) return true;
+            acted = true;
+            focus_window(*window);
+            action(*window);
+            return false;
+        },
+        5);
+    sigc::connection guard = Glib::signal_timeout().connect(
+        [&] {
+            timed_out = true;
+            for (Gtk::Window* window : Gtk::Window::list_toplevels())
+                if (auto* dialog = dynamic_cast<Gtk::Dialog*>(window);
+                    dialog && dialog->get_mapped())
+                    dialog->response(kTimedOut);
+            return true;
+        },
+        10000);
+    call();
+    starter.disconnect();
+    guard.disconnect();
+    EXPECT_TRUE(acted) << "\"" << title << "\" was not shown";
+    EXPECT_FALSE(timed_out) << "\"" << title << "\" stayed open";
+}
+
+}  // namespace sk::app::test

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "view/page_text.hpp"
 
@@ -42,5 +43,39 @@ int run_dialog(Gtk::Dialog& dialog, const std::function<void()>& action);
 
 // The accessible name of a widget.
 std::string accessible_name(Gtk::Widget& widget);
+
+}  // namespace sk::app::test
+
+namespace sk::app::test {
+
+// The shown (mapped) top-level window with the title, or nullptr.
+Gtk::Window* shown_window(const Glib::ustring& title);
+
+// Answers dialogs titled `title` with `response` as soon as they are shown,
+// also while another dialog's run() waits, at most `times` of them. Keeps
+// the text of each message box it answered. Stops when it goes out of scope.
+class DialogAnswerer {
+  public:
+    DialogAnswerer(const Glib::ustring& title, int response, int times = 1);
+    ~DialogAnswerer();
+    DialogAnswerer(const DialogAnswerer&) = delete;
+    DialogAnswerer& operator=(const DialogAnswerer&) = delete;
+
+    int count() const { return static_cast<int>(m_texts.size()); }
+    const std::vector<std::string>& texts() const { return m_texts; }
+
+  private:
+    Glib::ustring m_title;
+    int m_response;
+    int m_times;
+    std::vector<std::string> m_texts;
+    sigc::connection m_poll;
+};
+
+// Calls `call`, which runs a modal window titled `title` (as the program's
+// note commands do), and calls `action` with that window once it is shown
+// and focused. Windows still open after ten seconds are closed.
+void run_with(const Glib::ustring& title, const std::function<void()>& call,
+              const std::function<void(Gtk::Window&)>& action);
 
 }  // namespace sk::app::test

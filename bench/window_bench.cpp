@@ -1,0 +1,202 @@
+// Speed of the main window, from a key press to the finished redraw on the
+// screen: the largest page (23 month columns, every display option on) of a
+// user with 1,000 notes and 500 markings of each kind. Needs a display large
+// enough for the page, e.g.
+//   SK_XVFB_SCREEN=3600x1200x24 tools/with-xvfb.sh build/test/bench/window_bench
+// Each iteration sends one key as GDK events and runs the main loop until
+// the page view has painted the new page.
+#include <benchmark/benchmark.h>
+#include <gdk/gdkkeysyms.h>
+#include <gtkmm.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <random>
+
+#include "app/application.hpp"
+#include "app/main_window.hpp"
+#include "marks/calendar_markings.hpp"
+#include "marks/shift_markings.hpp"
+#include "notes/note_keys.hpp"
+#include "settings/settings_file.hpp"
+#include "view/status_texts.hpp"
+
+namespace {
+
+using namespace sk;
+using calendar::Day;
+using calendar::DayNumber;
+
+void fill_user_directory(const std::filesystem::path& user_dir, DayNumber first, DayNumber last) {
+    std::filesystem::create_directories(user_dir);
+    settings::Settings s = settings::default_settings(user_dir.parent_path().string());
+    s.columns = 23;
+    s.model = 1;
+    s.school_holidays_shown = s.week_numbers_shown = s.moon_phases_shown = s.perihelion_shown = 1;
+    settings::write_settings_file(user_dir / "Einstellungen.dat", s);
+
+    notes::NoteStore notes(user_dir, "");
+    std::mt19937 random(7);
+    std::uniform_int_distribution<DayNumber> day(first, last);
+    for (int i = 0; i < 900; ++i)
+        notes.write_daily(notes::date_key(Day::from_number(day(random))), "Notiz");
+    for (int i = 0; i < 50; ++i)
+        notes.write_yearly(notes::day_key(Day::from_number(day(random))), "Jahrestag");
+    for (int i = 0; i < 40; ++i)
+        notes.write_periodic({day(random), static_cast<std::int32_t>(14 + random() % 60)},
+                             "Termin");
+    for (int i = 0; i < 10; ++i)
+        notes.write_weekday(
+            notes::weekday_key(static_cast<int>(random() % 13), static_cast<int>(random() % 7),
+                               static_cast<int>(random() % 5)),
+            "Monatlich");
+    marks::CalendarMarkings bars;
+    marks::ShiftMarkings shifts;
+    for (int i = 0; i < 500; ++i) {
+        const DayNumber start = day(random);
+        marks::save_marking(bars, start, start + static_cast<DayNumber>(random() % 10),
+                            marks::kDefaultMarkingColour);
+        shifts.items.push_back({day(random), static_cast<std::int8_t>(random() % 4 + 1),
+                                static_cast<std::int8_t>(random() % 6)});
+    }
+    std::sort(shifts.items.begin(), shifts.items.end(),
+              [](const auto& a, const auto& b) { return a.day < b.day; });
+    marks::save_calendar_markings(user_dir, bars);
+    marks::save_shift_markings(user_dir, shifts);
+}
+
+struct Window {
+    std::filesystem::path root = std::filesystem::temp_directory_path() / "sk-window-bench";
+    std::unique_ptr<app::Program> program;
+    bool drawn = false;
+    double dispatch_us = 0, draw_us = 0;  // the command, then until the page is on the screen
+    int presses = 0;
+
+    Window() {
+        std::filesystem::remove_all(root);
+        const Day today = Day::from_date(2024, 5, 12);
+        fill_user_directory(root / "Programm", today.number - 400, today.number + 1100);
+        app::ProgramOptions options;
+        options.today = today;
+        options.data_root = root;
+        options.screen = [] { return std::optional<app::ScreenSize>(app::ScreenSize{8000, 3000}); };
+        // Today's notes open in a window at the start: closed as it comes.
+        Glib::signal_timeout().connect(
+            [] {
+                for (Gtk::Window* w : Gtk::Window::list_toplevels())
+                    if (auto* dialog = dynamic_cast<Gtk::Dialog*>(w);
+                        dialog && dialog->get_visible())
+                        dialog->response(Gtk::RESPONSE_CANCEL);
+                return true;
+            },
+            50);
+        program = std::make_unique<app::Program>();
+        program->start(options);
+        program->window().page_view().signal_page_drawn().connect([this] { drawn = true; });
+        wait_for_page();
+    }
+    ~Window() {
+        program->window().hide();
+        program.reset();
+        std::filesystem::remove_all(root);
+    }
+    void wait_for_page() {
+        auto context = Glib::MainContext::get_default();
+        while (!drawn)
+            context->iteration(true);
+    }
+    // Keys come far apart compared with frames: GDK paints at most one
+    // frame per refresh interval, so a key right after a frame would wait
+    // for the next one. A tenth of a second outside the timing, as between a
+    // user's key presses.
+    void pause(benchmark::State& state) {
+        state.PauseTiming();
+        auto context = Glib::MainContext::get_default();
+        const gint64 end = g_get_monotonic_time() + 100000;
+        while (g_get_monotonic_time() < end) {
+            while (context->pending())
+                context->iteration(false);
+            g_usleep(2000);
+        }
+        state.ResumeTiming();
+    }
+    void press(guint keyval) {
+        GdkWindow* target = program->window().get_window()->gobj();
+        GdkEvent* event = gdk_event_new(GDK_KEY_PRESS);
+        event->key.window = GDK_WINDOW(g_object_ref(target));
+        event->key.send_event = TRUE;
+        event->key.keyval = keyval;
+        gdk_event_set_device(
+            event, gdk_seat_get_keyboard(gdk_display_get_default_seat(gdk_display_get_default())));
+        drawn = false;
+        const gint64 t0 = g_get_monotonic_time();
+        gtk_main_do_event(event);
+        const gint64 t1 = g_get_monotonic_time();
+        gdk_event_free(event);
+        wait_for_page();
+        dispatch_us += t1 - t0;
+        draw_us += g_get_monotonic_time() - t1;
+        ++presses;
+    }
+};
+
+Window& window() {
+    static bool ready = [] {
+        if (!gtk_init_check(nullptr, nullptr)) return false;
+        Gtk::Main::init_gtkmm_internals();
+        return true;
+    }();
+    if (!ready) std::abort();
+    static Window w;
+    return w;
+}
+
+// How the time splits: carrying out the command (layout, page image,
+// status lines) and then until the frame with the page is painted.
+void report(Window& w, benchmark::State& state) {
+    state.counters["command_ms"] = w.dispatch_us / w.presses / 1000;
+    state.counters["to_screen_ms"] = w.draw_us / w.presses / 1000;
+    w.dispatch_us = w.draw_us = 0;
+    w.presses = 0;
+}
+
+// The cursor moves: the same months, the sky known.
+void BM_CursorKeyToRedraw23Columns(benchmark::State& state) {
+    Window& w = window();
+    bool right = true;
+    for (auto _ : state) {
+        w.press(right ? GDK_KEY_Right : GDK_KEY_Left);
+        right = !right;
+        w.pause(state);
+    }
+    state.counters["columns"] = w.program->window().page_view().page()->columns;
+    report(w, state);
+}
+BENCHMARK(BM_CursorKeyToRedraw23Columns)->Unit(benchmark::kMillisecond)->Iterations(60);
+
+// The page turns a month: other months, the sky computed anew.
+void BM_MonthKeyToRedraw23Columns(benchmark::State& state) {
+    Window& w = window();
+    bool forward = true;
+    for (auto _ : state) {
+        w.press(forward ? GDK_KEY_F3 : GDK_KEY_F2);
+        forward = !forward;
+        w.pause(state);
+    }
+    report(w, state);
+}
+BENCHMARK(BM_MonthKeyToRedraw23Columns)->Unit(benchmark::kMillisecond)->Iterations(60);
+
+}  // namespace
+
+namespace {
+// The status lines alone: day line, notes, astronomy line and accounts.
+void BM_StatusTexts(benchmark::State& state) {
+    Window& w = window();
+    auto& s = w.program->state();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(sk::view::status_texts(s.session, s.page.cursor, s.today));
+}
+BENCHMARK(BM_StatusTexts)->Unit(benchmark::kMillisecond);
+}  // namespace

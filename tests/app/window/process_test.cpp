@@ -1,0 +1,57 @@
+// The program as a user runs it: started as its own process on the test's
+// display, driven by real key events (xdotool), ended with Escape or with
+// SIGTERM; the settings must be on disk afterwards either way.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "settings/settings_file.hpp"
+#include "test_support.hpp"
+
+namespace sk::app::test {
+namespace {
+
+// Starts the program, focuses its window, presses keypad + twice (the window
+// grows with the eighth column: waited for), then ends it as `how` says.
+std::string session_script(const std::filesystem::path& dir, const std::string& how) {
+    return "set -e\n"
+           "'" +
+           sk::test::program() + "' --data-dir '" + dir.string() +
+           "' --today 2026-11-23 & pid=$!\n"
+           "id=$(timeout 20 xdotool search --sync --name 'Quorvel Schichtkalender' | head -1)\n"
+           "xdotool windowfocus --sync \"$id\" 2>/dev/null\n"
+           "width() { xdotool getwindowgeometry \"$id\" | sed -n 's/.*Geometry: "
+           "\\([0-9]*\\)x.*/\\1/p'; }\n"
+           "before=$(width)\n"
+           "xdotool key KP_Add KP_Add 2>/dev/null\n"
+           "for i in $(seq 200); do [ \"$(width)\" -gt \"$before\" ] && break; sleep 0.05; done\n"
+           "[ \"$(width)\" -gt \"$before\" ] || { echo \"Fenster $before -> $(width)\" >&2; false; "
+           "}\n" +
+           how + "\nwait $pid\n";
+}
+
+struct EndCase {
+    const char* name;
+    std::string how;
+};
+
+TEST(ProgramProcess, SettingsAreWrittenOnEscapeAndOnSigterm) {
+    const EndCase cases[] = {
+        {"Escape", "xdotool key n Escape 2>/dev/null"},  // "n": model 3, then leave
+        {"SIGTERM", "kill -TERM $pid"},
+    };
+    for (const EndCase& c : cases) {
+        sk::test::TempDir dir;
+        const sk::test::CommandResult r = sk::test::run_command(
+            "bash -c \"$(cat <<'SCRIPT'\n" + session_script(dir.path(), c.how) + "SCRIPT\n)\"");
+        ASSERT_EQ(r.status, 0) << c.name << ": " << r.err;
+        const settings::Settings saved =
+            settings::read_settings_file(dir.path() / "Programm" / "Einstellungen.dat",
+                                         settings::default_settings(dir.path().string()));
+        EXPECT_EQ(saved.columns, 8) << c.name;
+        EXPECT_EQ(saved.model, c.how.find("Escape") != std::string::npos ? 3 : 0) << c.name;
+    }
+}
+
+}  // namespace
+}  // namespace sk::app::test
