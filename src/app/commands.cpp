@@ -6,6 +6,7 @@
 #include <iostream>
 
 #include "app/date_entry_dialog.hpp"
+#include "app/export_actions.hpp"
 #include "app/holiday_list_window.hpp"
 #include "app/info_dialog.hpp"
 #include "app/main_window.hpp"
@@ -625,7 +626,8 @@ void CommandDispatcher::prog_menu() {
         case ProgChoice::Settings:
             return edit_settings();
         case ProgChoice::Export:
-            return later(Command::Export);
+            export_plan(window(), cell(), m_state.session, m_state.page);
+            return;
         case ProgChoice::Info:
             return show_help(Command::ProgInfoText);
     }

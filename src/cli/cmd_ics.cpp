@@ -50,7 +50,7 @@ int run_ics(const Args& args, std::ostream& out, std::ostream& err) {
     const ExportInput input = read_export_input(options, err, options.flag("with-notes"));
 
     exporting::IcsOptions ics;
-    ics.crew = crew_option(options, input.plan.model);
+    ics.crew = crew_option(options, input.model);
     ics.first = range.first;
     ics.last = range.last;
     ics.times = options.flag("times");

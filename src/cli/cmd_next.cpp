@@ -42,7 +42,7 @@ int run_next(const Args& args, std::ostream& out, std::ostream& err) {
         throw UsageError("der Kalender reicht vom 1970-01-01 bis zum 2037-07-31, nicht " +
                          calendar::format_iso_date(now));
     const ExportInput input = read_export_input(options, err, false);
-    const int crew = crew_option(options, input.plan.model);
+    const int crew = crew_option(options, input.model);
 
     const std::vector<exporting::Duty> duties =
         exporting::next_duties(input.source(), crew, now.number, count);

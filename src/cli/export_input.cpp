@@ -6,17 +6,14 @@
 namespace sk::cli {
 
 exporting::ExportSource ExportInput::source() const {
-    return {plan, &session.shift_markings, with_notes ? &session.notes : nullptr};
+    return exporting::export_source(session, model, with_notes);
 }
 
 ExportInput read_export_input(const Options& options, std::ostream& err, bool with_notes) {
     const auto model = options.integer("model", calendar::kModels);
-    ExportInput input{open_user_session(options, err), with_notes, {}};
-    const settings::Settings& s = input.session.settings;
-    input.plan.model = model.value_or(calendar::is_valid_model(s.model) ? s.model : 0);
-    input.plan.vacation_block = s.vacation_block_shown != 0;
-    input.plan.order = input.session.vacation_order;
-    input.plan.earliest = input.session.vacation_start;
+    ExportInput input{open_user_session(options, err), with_notes, 0};
+    const int setting = input.session.settings.model;
+    input.model = model.value_or(calendar::is_valid_model(setting) ? setting : 0);
     return input;
 }
 

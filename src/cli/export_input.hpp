@@ -12,6 +12,7 @@
 #include "calendar/dates.hpp"
 #include "cli/commands.hpp"
 #include "export/duties.hpp"
+#include "export/export_request.hpp"
 #include "export/ical_export.hpp"
 #include "session/session.hpp"
 
@@ -20,16 +21,16 @@ namespace sk::cli {
 struct ExportInput {
     session::Session session;
     bool with_notes = false;
-    calendar::PlanView plan;
+    int model = 0;
 
-    // Points into this value: keep it alive while the source is used.
+    // The session's plan and data as the program's export reads them
+    // (exporting::export_source). Points into this value: keep it alive
+    // while the source is used.
     exporting::ExportSource source() const;
 };
 
-// --model (or "Schichtart"), the vacation exchange as the page shows it
-// ("UrlaubBlockAnzeige"), the session's vacation order and earliest start;
-// the user's shift markings; the notes (with --password) when `with_notes`
-// is set.
+// The session with the user's shift markings and, when `with_notes` is set,
+// the notes (with --password); the model of --model or else "Schichtart".
 ExportInput read_export_input(const Options& options, std::ostream& err, bool with_notes);
 
 // --crew as the page heads the column ("1".."5", "1".."3" in model 2, "A".."D"

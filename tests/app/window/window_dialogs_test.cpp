@@ -4,7 +4,9 @@
 
 #include "app/choice_dialog.hpp"
 #include "app/date_entry_dialog.hpp"
+#include "app/export_dialog.hpp"
 #include "app/model_chooser_dialog.hpp"
+#include "export/csv_export.hpp"
 #include "notes/note_keys.hpp"
 #include "notes/note_store.hpp"
 #include "window_fixture.hpp"
@@ -114,6 +116,56 @@ TEST_F(WindowTest, ProgWindowReachesTheCalendarChooser) {
     key(GDK_KEY_F10);
     EXPECT_EQ(state().page.model, 7);
     EXPECT_FALSE(window().button(Command::BlockToggle).get_visible());
+}
+
+// "Prog." - "Export": the window offers the shown months, the file chooser
+// suggests a name and asks before replacing a file, Return takes the name
+// in the folder chosen, and the file is what the command "csv" writes for
+// the page.
+TEST_F(WindowTest, ProgWindowExportsTheShownMonths) {
+    start(date(2026, 11, 23));
+    const std::filesystem::path folder = m_dir.path() / "Ablage";
+    std::filesystem::create_directory(folder);
+    bool chosen = false;
+    m_answer = [&](Gtk::Dialog& dialog) {
+        if (auto* choice = dynamic_cast<ChoiceDialog*>(&dialog);
+            choice && dialog.get_title() == "Prog.") {
+            choice->choose(7);  // "Export"
+            return true;
+        }
+        if (auto* options = dynamic_cast<ExportDialog*>(&dialog)) {
+            EXPECT_EQ(options->get_first_field().get_text(), "01.11.2026");
+            EXPECT_EQ(options->get_last_field().get_text(), "30.04.2027");
+            options->get_csv_button().set_active(true);
+            dialog.response(Gtk::RESPONSE_OK);
+            return true;
+        }
+        if (auto* chooser = dynamic_cast<Gtk::FileChooserDialog*>(&dialog)) {
+            if (chosen) return true;  // still checking the name
+            chosen = true;
+            EXPECT_EQ(chooser->get_current_name(), "Schichtplan-2026-2027.csv");
+            EXPECT_TRUE(chooser->get_do_overwrite_confirmation());
+            chooser->set_current_folder(folder.string());
+            EXPECT_TRUE(
+                wait_until([&] { return chooser->get_current_folder() == folder.string(); }));
+            send_key(*chooser, GDK_KEY_Return);
+            return true;
+        }
+        return false;
+    };
+    key(GDK_KEY_F10);
+    const std::filesystem::path file = folder / "Schichtplan-2026-2027.csv";
+    ASSERT_TRUE(std::filesystem::exists(file));
+    const exporting::ExportSource source =
+        exporting::export_source(state().session, state().page.model, false);
+    EXPECT_EQ(sk::test::read_bytes(file),
+              exporting::csv_text(source, {date(2026, 11, 1), date(2027, 4, 30)}).text);
+    ASSERT_FALSE(m_messages.empty());
+    EXPECT_EQ(m_messages.back().title, "Information");
+    EXPECT_EQ(m_messages.back().text,
+              "Der Schichtplan vom 01.11.2026 bis zum 30.04.2027 wurde in "
+              "die Datei \"" +
+                  file.string() + "\" gespeichert.");
 }
 
 TEST_F(WindowTest, BackgroundColourIsThePagesForTheRun) {
