@@ -1,6 +1,6 @@
 // The marking and account dialogs themselves: their exact texts and
-// tooltips, a name for every control a screen reader reaches, Escape, and
-// sizes that follow the page font.
+// tooltips, a name for every control a screen reader reaches, sizes that
+// follow the page font, and the focus order. (Escape: marking_dialogs_test.)
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -145,22 +145,6 @@ TEST(MarkingWindows, BlockHintAndNotCountedNote) {
         });
         EXPECT_TRUE(hint);
         EXPECT_EQ(note, !counted);
-    }
-}
-
-TEST(MarkingWindows, EscapeClosesWithoutResult) {
-    for (const Case& c : cases()) {
-        const std::unique_ptr<Gtk::Dialog> dialog = c.open(cell());
-        const int response =
-            test::run_dialog(*dialog, [&] { test::send_key(*dialog, GDK_KEY_Escape); });
-        EXPECT_EQ(response, Gtk::RESPONSE_CANCEL) << c.title;
-        bool result = false;
-        if (auto* d = dynamic_cast<ShiftMarkingDialog*>(dialog.get()))
-            result = d->get_code().has_value();
-        if (auto* d = dynamic_cast<ShiftColumnDialog*>(dialog.get())) result = d->get_column() != 0;
-        if (auto* d = dynamic_cast<CalendarMarkingDialog*>(dialog.get()))
-            result = d->get_action() != CalendarMarkingDialog::Action::None;
-        EXPECT_FALSE(result) << c.title;
     }
 }
 
