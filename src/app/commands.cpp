@@ -10,6 +10,7 @@
 #include "app/holiday_list_window.hpp"
 #include "app/info_dialog.hpp"
 #include "app/main_window.hpp"
+#include "app/marking_actions.hpp"
 #include "app/message_box.hpp"
 #include "app/model_chooser_dialog.hpp"
 #include "app/note_actions.hpp"
@@ -277,6 +278,13 @@ void CommandDispatcher::run(Command command) {
             return open_shift_marking(m_state.page.cursor, 4);
         case Command::Hours:
             return open_hours();
+        case Command::Vacation:
+            if (edit_vacation(window(), cell(), m_state.session, m_state.today)) changed(kStatus);
+            return;
+        case Command::CalendarMarking:
+            if (edit_calendar_marking(window(), cell(), m_state.session, m_state.page.cursor))
+                changed(kPage | kStatus);
+            return;
         case Command::ProgramInfo:
         case Command::ProgInfoText:
             return show_help(command);
@@ -296,9 +304,6 @@ void CommandDispatcher::run(Command command) {
 // Hooks of the windows still to come. Each case opens its dialog on
 // window() with cell(), applies the dialog's result through the core and
 // calls changed() with what changed:
-//   CalendarMarking, Vacation: the entry dialogs (changed(kPage | kStatus)
-//     after a marking was written); the note menu's "Schichtmarkierung"
-//     in mark_shift_from_note_menu;
 //   Export: nothing to redraw.
 void CommandDispatcher::later(Command) {}
 
@@ -356,13 +361,19 @@ void CommandDispatcher::print_page() {
         show_error(&window(), to_ustring(m_printer.error()));
 }
 
-void CommandDispatcher::open_shift_marking(const calendar::Day&, int) {
-    // Hook: the shift marking dialog for the day and column 1..4; after a
-    // change, m_state.session.shift_markings.changed and changed(kPage | kStatus).
+// Keys 1 to 4 and a double click into a crew's cell. The day to be marked
+// becomes the cursor day, wherever it was clicked; a marking shows at once on
+// the page and in the account fields.
+void CommandDispatcher::open_shift_marking(const calendar::Day& day, int column) {
+    const calendar::PageState page = calendar::select_day(m_state.page, day);
+    if (!(page == m_state.page)) set_page(page);
+    if (edit_shift_marking(window(), cell(), m_state.session, day, column))
+        changed(kPage | kStatus);
 }
 
+// A click on the hours field and "Prog." - "Stunden".
 void CommandDispatcher::open_hours() {
-    // Hook: the dialog "Stunden eingeben"; after saving, changed(kStatus).
+    if (edit_hours(window(), cell(), m_state.session)) changed(kStatus);
 }
 
 void CommandDispatcher::set_page(const calendar::PageState& page) {
@@ -582,10 +593,12 @@ void CommandDispatcher::delete_up_to() {
         changed(kPage | kStatus);
 }
 
+// The note menu's "Schichtmarkierung": the column chooser "Schichtspalte
+// eingeben" first, then the marking of the cursor day in that column.
 void CommandDispatcher::mark_shift_from_note_menu() {
-    // Hook: the column chooser "Schichtspalte eingeben", then the shift
-    // marking of the cursor day in the chosen column (nothing when the
-    // chooser was cancelled); after a change, changed(kPage | kStatus).
+    if (choose_column_and_edit_shift_marking(window(), cell(), m_state.session,
+                                             m_state.page.cursor))
+        changed(kPage | kStatus);
 }
 
 // The "Prog." window closes before the chosen window opens.
@@ -607,7 +620,7 @@ void CommandDispatcher::prog_menu() {
         case ProgChoice::Hours:
             return open_hours();
         case ProgChoice::Vacation:
-            return later(Command::Vacation);
+            return run(Command::Vacation);
         case ProgChoice::Directory:
             return change_data_directory();
         case ProgChoice::Settings:

@@ -90,6 +90,14 @@ void set_tooltip_and_description(Gtk::Widget& widget, const Glib::ustring& toolt
     set_accessible_description(widget, tooltip);
 }
 
+void show_as_error(Gtk::Widget& widget, bool error) {
+    const Glib::RefPtr<Gtk::StyleContext> style = widget.get_style_context();
+    if (error)
+        style->add_class(GTK_STYLE_CLASS_ERROR);
+    else
+        style->remove_class(GTK_STYLE_CLASS_ERROR);
+}
+
 Glib::ustring plain_label(const Glib::ustring& label) {
     Glib::ustring name;
     bool escaped = false;

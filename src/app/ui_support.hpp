@@ -40,6 +40,9 @@ void set_accessible_description(Gtk::Widget& widget, const Glib::ustring& descri
 // comes from the widget's label.
 void set_tooltip_and_description(Gtk::Widget& widget, const Glib::ustring& tooltip);
 
+// The theme's error colour on a field or hint while its text is refused.
+void show_as_error(Gtk::Widget& widget, bool error);
+
 // UTF-8 bytes as a ustring (Glib::ustring's (pointer, length) constructor
 // counts characters, not bytes).
 inline Glib::ustring to_ustring(std::string_view text) {

@@ -27,6 +27,12 @@ constexpr std::array<std::string_view, 4> kKindAHeadings = {" Verfügung", " Fr�
 constexpr std::array<std::string_view, 4> kKindBHeadings = {" Schicht A", " Schicht B",
                                                             " Schicht C", " Schicht D"};
 
+// The chooser's labels of the columns 1..4.
+constexpr std::array<std::string_view, 4> kKindAColumns = {"Frühschicht", "Spätschicht",
+                                                           "Nachtschicht", "Verfügung"};
+constexpr std::array<std::string_view, 4> kKindBColumns = {"Schicht A", "Schicht B", "Schicht C",
+                                                           "Schicht D"};
+
 bool by_day(const ShiftMarking& a, const ShiftMarking& b) { return a.day < b.day; }
 
 std::vector<ShiftMarking>::iterator first_of_day(std::vector<ShiftMarking>& items, DayNumber day) {
@@ -79,13 +85,56 @@ int column_shift(int model, DayNumber d, int column) {
     return calendar::crew_shifts(model, d).code[static_cast<std::size_t>(column - 1)];
 }
 
-bool may_mark_day(int model, const Day& day, int column) {
-    if (!calendar::kCalendarDays.contains(day.number)) return false;
+MarkRefusal mark_refusal(int model, const Day& day, int column) {
+    if (!calendar::kCalendarDays.contains(day.number)) return MarkRefusal::OutsideCalendar;
     const int s = column_shift(model, day.number, column);
-    if (s < 0) return false;
-    if (model == 2) return s >= 1 && s <= 3;
-    if (marking_kind(model) == MarkingKind::B) return s != 0;
-    return s != 0 && !(day.is_sunday() && s == calendar::shift::kNight);
+    if (s < 0) return MarkRefusal::NoSuchColumn;
+    if (model == 2) return s >= 1 && s <= 3 ? MarkRefusal::None : MarkRefusal::Standby;
+    if (s == 0) return MarkRefusal::Standby;
+    if (marking_kind(model) == MarkingKind::A && day.is_sunday() && s == calendar::shift::kNight)
+        return MarkRefusal::SundayNight;
+    return MarkRefusal::None;
+}
+
+bool may_mark_day(int model, const Day& day, int column) {
+    return mark_refusal(model, day, column) == MarkRefusal::None;
+}
+
+std::string refusal_message(MarkRefusal refusal, int model, const Day& day, int column) {
+    const std::string date = calendar::format_german_date(day);
+    switch (refusal) {
+        case MarkRefusal::None:
+            return {};
+        case MarkRefusal::OutsideCalendar:
+            return "Der " + date + " liegt außerhalb des Kalenders (" +
+                   calendar::format_german_date(Day::from_number(calendar::kFirstDay)) + " bis " +
+                   calendar::format_german_date(Day::from_number(calendar::kLastDay)) +
+                   ") und kann nicht markiert werden.";
+        case MarkRefusal::NoSuchColumn:
+            return "Die Schichtspalte " + std::to_string(column) +
+                   " gibt es nicht; markiert werden die Spalten 1 bis 4.";
+        case MarkRefusal::Standby:
+            if (marking_kind(model) == MarkingKind::A)
+                return "Die Verfügung kann nicht markiert werden, nur die Früh-, "
+                       "Spät- und Nachtschicht (Tasten 1, 2 und 3).";
+            return std::string(heading_label(model, column).substr(1)) + " hat am " + date +
+                   " Verfügungswoche und kann an diesem Tag nicht markiert werden.";
+        case MarkRefusal::SundayNight:
+            return "Der " + date +
+                   " ist ein Sonntag: an einem Sonntag kann die Nachtschicht nicht markiert "
+                   "werden.";
+    }
+    return {};
+}
+
+std::span<const std::string_view> column_labels(MarkingKind kind) {
+    if (kind == MarkingKind::A) return kKindAColumns;
+    return kKindBColumns;
+}
+
+std::optional<int> preselected_code(MarkingKind kind, const ShiftMarking* marking) {
+    if (!marking || marking->code < 0 || marking->code >= remove_code(kind)) return std::nullopt;
+    return marking->code;
 }
 
 const ShiftMarking* shift_marking_of_day(const ShiftMarkings& markings, DayNumber day) {
@@ -103,7 +152,8 @@ bool apply_marking(ShiftMarkings& markings, DayNumber day, int column, int code,
         if (!found) return false;
         items.erase(it);
     } else {
-        const ShiftMarking marking{day, static_cast<std::int8_t>(column), static_cast<std::int8_t>(code)};
+        const ShiftMarking marking{day, static_cast<std::int8_t>(column),
+                                   static_cast<std::int8_t>(code)};
         if (found) {
             if (*it == marking) return false;
             *it = marking;
@@ -130,7 +180,8 @@ ShiftMarkings parse_shift_markings(std::string_view bytes) {
     markings.items.reserve(count);
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t at = i * kShiftMarkingRecord;
-        markings.items.push_back({get_i32(bytes, at), get_i8(bytes, at + 4), get_i8(bytes, at + 5)});
+        markings.items.push_back(
+            {get_i32(bytes, at), get_i8(bytes, at + 4), get_i8(bytes, at + 5)});
     }
     // Files of this program are sorted already; a foreign one is brought into
     // order so that lookups can search, keeping equal days in file order.
@@ -153,8 +204,8 @@ std::string serialize_shift_markings(const ShiftMarkings& markings) {
 }
 
 ShiftMarkings load_shift_markings(const std::filesystem::path& user_dir) {
-    const auto bytes = files::read_file(user_dir / kShiftMarkingsFile,
-                                           kMaxShiftMarkings * kShiftMarkingRecord);
+    const auto bytes =
+        files::read_file(user_dir / kShiftMarkingsFile, kMaxShiftMarkings * kShiftMarkingRecord);
     if (!bytes) return {};
     return parse_shift_markings(*bytes);
 }

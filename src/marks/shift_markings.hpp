@@ -107,6 +107,30 @@ int column_shift(int model, DayNumber d, int column);
 // Models 6, 7: any code but 0. Only days the calendar shows can be marked.
 bool may_mark_day(int model, const Day& day, int column);
 
+// Why a day cannot be marked, the one rule behind may_mark_day.
+enum class MarkRefusal {
+    None,             // it can
+    OutsideCalendar,  // before 1 January 1970 or after 31 July 2037
+    NoSuchColumn,     // a column other than 1..4
+    Standby,          // kind A: column 4; kind B: the column's standby week
+    SundayNight,      // kind A except model 2: the night shift of a Sunday
+};
+MarkRefusal mark_refusal(int model, const Day& day, int column);
+// The window's message for a refused day, saying why; empty for None.
+std::string refusal_message(MarkRefusal refusal, int model, const Day& day, int column);
+
+// The column chooser "Schichtspalte eingeben" of the note menu: the labels of
+// the columns 1..4, in the order and with the numbers of the main window's
+// keys 1..4. Kind A "Frühschicht", "Spätschicht", "Nachtschicht",
+// "Verfügung"; kind B "Schicht A" to "Schicht D".
+inline constexpr std::string_view kColumnChooserTitle = "Schichtspalte eingeben";
+std::span<const std::string_view> column_labels(MarkingKind kind);
+
+// The radio button the dialog selects when it opens: the code of the day's
+// marking; nullopt (nothing selected) for an unmarked day and for a code the
+// kind does not have, so that Return alone never changes a day.
+std::optional<int> preselected_code(MarkingKind kind, const ShiftMarking* marking);
+
 // The marking of a day, or nullptr. Binary search: the page asks for every
 // day it draws.
 const ShiftMarking* shift_marking_of_day(const ShiftMarkings& markings, DayNumber day);

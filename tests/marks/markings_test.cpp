@@ -173,6 +173,77 @@ TEST(ShiftMarkingRules, DialogKeysPickCodesByPosition) {
     EXPECT_EQ(dialog_heading(6, 1, Day::from_date(2024, 0, 2)), " Schicht A am 02.01.2024");
 }
 
+// Every refusal says why, and only where the rule refuses: the night shift
+// only on Sundays; in the four-crew models, whose 28-day cycle never reaches
+// the standby week of the pattern table, every day (as the help text says).
+TEST(ShiftMarkingRules, RefusalsSayWhy) {
+    const Day sunday = Day::from_date(2024, 5, 16);
+    const Day monday = Day::from_date(2024, 5, 17);
+    const Day after = Day::from_number(calendar::kLastDay + 1);
+    const std::tuple<int, Day, int, MarkRefusal, const char*> cases[] = {
+        {0, monday, 1, MarkRefusal::None, ""},
+        {0, after, 1, MarkRefusal::OutsideCalendar,
+         "Der 01.08.2037 liegt außerhalb des Kalenders (01.01.1970 bis 31.07.2037) und kann nicht "
+         "markiert werden."},
+        {0, monday, 5, MarkRefusal::NoSuchColumn,
+         "Die Schichtspalte 5 gibt es nicht; markiert werden die Spalten 1 bis 4."},
+        {1, monday, 4, MarkRefusal::Standby,
+         "Die Verfügung kann nicht markiert werden, nur die Früh-, Spät- und Nachtschicht (Tasten "
+         "1, 2 und 3)."},
+        {2, monday, 4, MarkRefusal::Standby, "Die Verfügung"},
+        {5, sunday, 3, MarkRefusal::SundayNight,
+         "Der 16.06.2024 ist ein Sonntag: an einem Sonntag kann die Nachtschicht nicht markiert "
+         "werden."},
+        {2, sunday, 3, MarkRefusal::None, ""},
+        {6, sunday, 3, MarkRefusal::None, ""},
+    };
+    for (const auto& [model, day, column, refusal, message] : cases) {
+        EXPECT_EQ(mark_refusal(model, day, column), refusal) << model << " " << column;
+        const std::string text = refusal_message(refusal, model, day, column);
+        EXPECT_NE(text.find(message), std::string::npos) << text;
+        EXPECT_EQ(text.empty(), refusal == MarkRefusal::None) << text;
+    }
+    // A standby week of a four-crew column (only a changed pattern could give one).
+    EXPECT_EQ(refusal_message(MarkRefusal::Standby, 7, monday, 2),
+              "Schicht B hat am 17.06.2024 Verfügungswoche und kann an diesem Tag nicht markiert "
+              "werden.");
+
+    for (DayNumber d = calendar::kFirstDay; d <= calendar::kLastDay; ++d) {
+        const Day day = Day::from_number(d);
+        for (int column = 1; column <= 4; ++column) {
+            const bool sunday_night = mark_refusal(1, day, column) == MarkRefusal::SundayNight;
+            ASSERT_EQ(sunday_night, day.is_sunday() && column == 3) << d;
+            ASSERT_EQ(mark_refusal(7, day, column), MarkRefusal::None) << d;
+        }
+    }
+}
+
+TEST(ShiftMarkingRules, ColumnChooserAndPreselection) {
+    EXPECT_EQ(
+        std::vector<std::string_view>(column_labels(MarkingKind::A).begin(),
+                                      column_labels(MarkingKind::A).end()),
+        (std::vector<std::string_view>{"Frühschicht", "Spätschicht", "Nachtschicht", "Verfügung"}));
+    EXPECT_EQ(column_labels(MarkingKind::B)[3], "Schicht D");
+    // The chooser's column 4 is the key 4's: the standby week in the headings too.
+    EXPECT_EQ(heading_label(0, 4).substr(1), column_labels(MarkingKind::A)[3]);
+    EXPECT_EQ(heading_label(6, 2).substr(1), column_labels(MarkingKind::B)[1]);
+
+    const std::tuple<MarkingKind, std::optional<int>, std::optional<int>> cases[] = {
+        {MarkingKind::A, std::nullopt, std::nullopt},  // unmarked day
+        {MarkingKind::A, 0, 0},
+        {MarkingKind::A, 5, 5},
+        {MarkingKind::A, 6, std::nullopt},  // a foreign file's codes
+        {MarkingKind::A, -1, std::nullopt},
+        {MarkingKind::B, 7, 7},
+        {MarkingKind::B, 8, std::nullopt},
+    };
+    for (const auto& [kind, code, preselected] : cases) {
+        const ShiftMarking marking{100, 1, static_cast<std::int8_t>(code.value_or(0))};
+        EXPECT_EQ(preselected_code(kind, code ? &marking : nullptr), preselected)
+            << code.value_or(-9);
+    }
+}
+
 TEST(ShiftMarkingRules, ApplyAndDelete) {
     const std::tuple<const char*, DayNumber, int, int, int, bool, std::vector<ShiftMarking>> steps[] = {
         {"remove on an unmarked day", 50, 1, kind_a::kRemove, 0, false, {}},

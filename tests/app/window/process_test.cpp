@@ -5,6 +5,7 @@
 
 #include <string>
 
+#include "marks/shift_markings.hpp"
 #include "settings/settings_file.hpp"
 #include "test_support.hpp"
 
@@ -51,6 +52,33 @@ TEST(ProgramProcess, SettingsAreWrittenOnEscapeAndOnSigterm) {
         EXPECT_EQ(saved.columns, 8) << c.name;
         EXPECT_EQ(saved.model, c.how.find("Escape") != std::string::npos ? 3 : 0) << c.name;
     }
+}
+
+// Key 1, then X in the window "Schichtmarkierung eingeben": the marking is
+// on disk while the program still runs, and after it ended by SIGTERM.
+TEST(ProgramProcess, Key1ThenXWritesTheMarkingAtOnce) {
+    sk::test::TempDir dir;
+    const std::string script =
+        "set -e\n'" + sk::test::program() + "' --data-dir '" + dir.path().string() +
+        "' --today 2026-11-23 & pid=$!\n"
+        "id=$(timeout 20 xdotool search --sync --name 'Quorvel Schichtkalender' | head -1)\n"
+        "xdotool windowfocus --sync \"$id\" 2>/dev/null\n"
+        "xdotool key 1 2>/dev/null\n"
+        "dialog=$(timeout 20 xdotool search --sync --name 'Schichtmarkierung eingeben' | head -1)\n"
+        "xdotool windowfocus --sync \"$dialog\" 2>/dev/null\n"
+        "xdotool key x 2>/dev/null\n"
+        "file='" +
+        (dir.path() / "Programm" / "Schichtmarkierung.dat").string() +
+        "'\n"
+        "for i in $(seq 200); do [ -s \"$file\" ] && break; sleep 0.05; done\n"
+        "[ -s \"$file\" ] || { echo 'keine Schichtmarkierung.dat' >&2; kill $pid; false; }\n"
+        "kill -TERM $pid\nwait $pid\n";
+    const sk::test::CommandResult r =
+        sk::test::run_command("bash -c \"$(cat <<'SCRIPT'\n" + script + "SCRIPT\n)\"");
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(marks::load_shift_markings(dir.path() / "Programm").items,
+              (std::vector<marks::ShiftMarking>{
+                  {calendar::day_number(2026, 10, 23), 1, marks::kind_a::kWorked}}));
 }
 
 }  // namespace
