@@ -296,16 +296,14 @@ void CommandDispatcher::run(Command command) {
             return change_data_directory();
         case Command::Print:
             return print_page();
+        case Command::Export:
+            export_plan(window(), cell(), m_state.session, m_state.page);
+            return;
         default:
-            return later(command);
+            // The page moves and the model keys are handled above.
+            return;
     }
 }
-
-// Hooks of the windows still to come. Each case opens its dialog on
-// window() with cell(), applies the dialog's result through the core and
-// calls changed() with what changed:
-//   Export: nothing to redraw.
-void CommandDispatcher::later(Command) {}
 
 // Keys F11 and A, button "Name".
 void CommandDispatcher::log_in() {
@@ -626,8 +624,7 @@ void CommandDispatcher::prog_menu() {
         case ProgChoice::Settings:
             return edit_settings();
         case ProgChoice::Export:
-            export_plan(window(), cell(), m_state.session, m_state.page);
-            return;
+            return run(Command::Export);
         case ProgChoice::Info:
             return show_help(Command::ProgInfoText);
     }

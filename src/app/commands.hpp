@@ -4,7 +4,7 @@
 // and the program's windows. The main window only reports keys, buttons and
 // clicks; everything they do is decided here.
 //
-// A window of a later part of the program is hooked in at one place: the
+// Each window of the program is hooked in at one place: the
 // case of its command in CommandDispatcher::run (commands.cpp) opens the
 // dialog on `window()` with `cell()`, and when the dialog's result was
 // applied through the core, calls `changed(...)` with what changed, which
@@ -196,7 +196,6 @@ class CommandDispatcher {
     // After a login or a move of the data root: the page takes the new
     // user's columns, model and font, and everything is drawn anew.
     void session_replaced();
-    void later(Command command);
 
     MainWindow& m_window;
     AppState& m_state;
