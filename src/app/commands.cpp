@@ -482,7 +482,10 @@ void CommandDispatcher::choose_font() {
 }
 
 void CommandDispatcher::choose_background() {
-    Gtk::ColorChooserDialog dialog("Hintergrundfarbe", window());
+    // gtkmm's constructor with a parent sets the widget's "parent" property
+    // instead of the transient parent (GTK warns and the chooser floats free).
+    Gtk::ColorChooserDialog dialog("Hintergrundfarbe");
+    dialog.set_transient_for(window());
     dialog.set_use_alpha(false);
     Gdk::RGBA current;
     current.set_rgba_u(m_state.background.r * 257, m_state.background.g * 257,
