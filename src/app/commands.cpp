@@ -469,6 +469,7 @@ void CommandDispatcher::choose_font() {
     {
         Gtk::FontChooserDialog dialog("Schriftart", window());
         dialog.set_font_desc(pango_font(m_state.renderer.font()));
+        dialog.set_preview_text("23 Mo KW 48 · Frühschicht, Spätschicht, Nachtschicht");
         if (dialog.run() != Gtk::RESPONSE_OK) return;
         const Pango::FontDescription description = dialog.get_font_desc();
         chosen.family = description.get_family();
