@@ -8,7 +8,7 @@ packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   libgtkmm-3.0-dev libcairo2-dev libpango1.0-dev libical-dev tzdata python3-icalendar
   clang libclang-rt-14-dev
-  xvfb xauth xdotool imagemagick
+  xvfb xauth xdotool xclip imagemagick
   desktop-file-utils appstream poppler-utils dbus-daemon
   fonts-freefont-ttf fonts-dejavu-core locales
 )

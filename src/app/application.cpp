@@ -11,6 +11,7 @@
 #include "app/commands.hpp"
 #include "app/main_window.hpp"
 #include "app/message_box.hpp"
+#include "app/messages_locale.hpp"
 #include "session/exit_signals.hpp"
 #include "settings/users.hpp"
 #include "view/page_geometry.hpp"
@@ -159,6 +160,7 @@ int run(int argc, char** argv) {
     // Blocked before GTK starts its threads, so that every thread leaves the
     // two signals to the watch.
     session::ExitSignalWatch signals;
+    set_up_window_locale();
 
     std::vector<char*> gtk_args{argv[0]};
     for (std::string& a : parsed.rest)

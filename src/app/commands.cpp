@@ -479,6 +479,7 @@ void CommandDispatcher::choose_font() {
     {
         Gtk::FontChooserDialog dialog("Schriftart", window());
         dialog.set_font_desc(pango_font(m_state.renderer.font()));
+        dialog.set_preview_text("23 Mo KW 48 · Frühschicht, Spätschicht, Nachtschicht");
         if (dialog.run() != Gtk::RESPONSE_OK) return;
         const Pango::FontDescription description = dialog.get_font_desc();
         chosen.family = description.get_family();
@@ -492,7 +493,10 @@ void CommandDispatcher::choose_font() {
 }
 
 void CommandDispatcher::choose_background() {
-    Gtk::ColorChooserDialog dialog("Hintergrundfarbe", window());
+    // gtkmm's constructor with a parent sets the widget's "parent" property
+    // instead of the transient parent (GTK warns and the chooser floats free).
+    Gtk::ColorChooserDialog dialog("Hintergrundfarbe");
+    dialog.set_transient_for(window());
     dialog.set_use_alpha(false);
     Gdk::RGBA current;
     current.set_rgba_u(m_state.background.r * 257, m_state.background.g * 257,

@@ -81,5 +81,29 @@ TEST(ProgramProcess, Key1ThenXWritesTheMarkingAtOnce) {
                   {calendar::day_number(2026, 10, 23), 1, marks::kind_a::kWorked}}));
 }
 
+// GTK's own print dialog is titled in German although the environment asks
+// for English messages (a C locale and an English LANGUAGE list); the test
+// set-up makes de_DE.UTF-8 (tools/ensure-packages.sh).
+TEST(ProgramProcess, GtkOwnWindowsSpeakGerman) {
+    sk::test::TempDir dir;
+    const std::string script =
+        "set -e\nexport LC_ALL=C.UTF-8 LANGUAGE=en_GB:en\n'" + sk::test::program() +
+        "' --data-dir '" + dir.path().string() + "' --today 2026-11-23 & pid=$!\n" +
+        R"SH(id=$(timeout 20 xdotool search --sync --name 'Quorvel Schichtkalender' | head -1)
+xdotool windowfocus --sync "$id" 2>/dev/null
+xdotool key ctrl+p 2>/dev/null
+print=$(timeout 20 xdotool search --sync --name '^Drucken$' | head -1)
+xdotool windowfocus --sync "$print" 2>/dev/null || true
+xdotool key Escape 2>/dev/null
+for i in $(seq 400); do xdotool search --name '^Drucken$' >/dev/null || break; sleep 0.05; done
+xdotool windowfocus --sync "$id" 2>/dev/null
+xdotool key Escape 2>/dev/null
+wait $pid
+)SH";
+    const sk::test::CommandResult r =
+        sk::test::run_command("bash -c \"$(cat <<'SCRIPT'\n" + script + "SCRIPT\n)\"");
+    EXPECT_EQ(r.status, 0) << r.err;
+}
+
 }  // namespace
 }  // namespace sk::app::test
