@@ -1,108 +1,135 @@
 // The program as a user runs it: started as its own process on the test's
-// display, driven by real key events (xdotool), ended with Escape or with
-// SIGTERM; the settings must be on disk afterwards either way.
-#include <gtest/gtest.h>
-
+// display and driven by real key events (xdotool). What it writes must be
+// on disk while it runs and after it ended by Escape or by SIGTERM; the
+// clipboard's PNG, read back by another client (xclip), must be the picture
+// the render command draws for the same state.
 #include <string>
 
+#include "marks/calendar_markings.hpp"
 #include "marks/shift_markings.hpp"
-#include "settings/settings_file.hpp"
-#include "test_support.hpp"
+#include "notes/note_keys.hpp"
+#include "notes/note_store.hpp"
+#include "window_fixture.hpp"
 
 namespace sk::app::test {
 namespace {
 
-// Starts the program, focuses its window, presses keypad + twice (the window
-// grows with the eighth column: waited for), then ends it as `how` says.
-std::string session_script(const std::filesystem::path& dir, const std::string& how) {
-    return "set -e\n"
-           "'" +
-           sk::test::program() + "' --data-dir '" + dir.string() +
-           "' --today 2026-11-23 & pid=$!\n"
-           "id=$(timeout 20 xdotool search --sync --name 'Quorvel Schichtkalender' | head -1)\n"
-           "xdotool windowfocus --sync \"$id\" 2>/dev/null\n"
-           "width() { xdotool getwindowgeometry \"$id\" | sed -n 's/.*Geometry: "
-           "\\([0-9]*\\)x.*/\\1/p'; }\n"
-           "before=$(width)\n"
-           "xdotool key KP_Add KP_Add 2>/dev/null\n"
-           "for i in $(seq 200); do [ \"$(width)\" -gt \"$before\" ] && break; sleep 0.05; done\n"
-           "[ \"$(width)\" -gt \"$before\" ] || { echo \"Fenster $before -> $(width)\" >&2; false; "
-           "}\n" +
-           how + "\nwait $pid\n";
-}
+namespace fs = std::filesystem;
+
+// With messages asked in English: keypad + twice (the window grows with the
+// eighth column), T with a note of two lines saved by Ctrl+S, 1 and X in
+// "Schichtmarkierung eingeben"; then each case's end.
+const std::string kSession = R"SH(export LANGUAGE=en_GB:en
+start
+width() { xdotool getwindowgeometry "$id" | sed -n 's/.*Geometry: \([0-9]*\)x.*/\1/p'; }
+wider() { [ "$(width)" -gt "$before" ]; }
+before=$(width)
+xdotool key KP_Add KP_Add
+until_ok "ein breiteres Fenster als $before" wider
+xdotool key t
+focus 'Notizen f.*r den 23.11.2026'
+xdotool type --delay 5 'Zahnarzt 10 Uhr'; xdotool key Return; xdotool type --delay 5 'Rezept holen'
+xdotool key ctrl+s
+gone 'Notizen f.*r den'
+focus '^Quorvel Schichtkalender'
+xdotool key 1
+focus '^Schichtmarkierung eingeben$'
+xdotool key x
+until_ok 'Schichtmarkierung.dat' test -s "$dir/SKDaten/Programm/Schichtmarkierung.dat"
+focus '^Quorvel Schichtkalender'
+)SH";
 
 struct EndCase {
     const char* name;
-    std::string how;
+    const char* end;
+    int model;
 };
 
-TEST(ProgramProcess, SettingsAreWrittenOnEscapeAndOnSigterm) {
+TEST(ProgramProcess, WhatTheKeysChangeIsSavedOnEscapeAndOnSigterm) {
     const EndCase cases[] = {
-        {"Escape", "xdotool key n Escape 2>/dev/null"},  // "n": model 3, then leave
-        {"SIGTERM", "kill -TERM $pid"},
+        // GTK's own print dialog speaks German, as the program does; then
+        // "n" (model 3) and Escape.
+        {"Escape",
+         "xdotool key ctrl+p; focus '^Drucken$'; xdotool key Escape; gone '^Drucken$'\n"
+         "focus '^Quorvel Schichtkalender'; xdotool key n Escape; ended\n",
+         3},
+        // With a marking window open, which closes without its result.
+        {"SIGTERM",
+         "xdotool key 2; focus '^Schichtmarkierung eingeben$'; kill -TERM \"$pid\"; ended\n", 0},
     };
     for (const EndCase& c : cases) {
+        SCOPED_TRACE(c.name);
         sk::test::TempDir dir;
-        const sk::test::CommandResult r = sk::test::run_command(
-            "bash -c \"$(cat <<'SCRIPT'\n" + session_script(dir.path(), c.how) + "SCRIPT\n)\"");
-        ASSERT_EQ(r.status, 0) << c.name << ": " << r.err;
-        const settings::Settings saved =
-            settings::read_settings_file(dir.path() / "Programm" / "Einstellungen.dat",
-                                         settings::default_settings(dir.path().string()));
-        EXPECT_EQ(saved.columns, 8) << c.name;
-        EXPECT_EQ(saved.model, c.how.find("Escape") != std::string::npos ? 3 : 0) << c.name;
+        const sk::test::CommandResult r = run_session(dir.path(), kSession + c.end);
+        ASSERT_EQ(r.status, 0) << r.err;
+        const fs::path user = dir / "SKDaten" / "Programm";
+        EXPECT_EQ(saved_settings(user).columns, 8);
+        EXPECT_EQ(saved_settings(user).model, c.model);
+        EXPECT_EQ(notes::NoteStore(user, "").read_daily(20261023),
+                  "Zahnarzt 10 Uhr\r\nRezept holen");
+        EXPECT_EQ(marks::load_shift_markings(user).items,
+                  (std::vector<marks::ShiftMarking>{
+                      {calendar::day_number(2026, 10, 23), 1, marks::kind_a::kWorked}}));
     }
 }
 
-// Key 1, then X in the window "Schichtmarkierung eingeben": the marking is
-// on disk while the program still runs, and after it ended by SIGTERM.
-TEST(ProgramProcess, Key1ThenXWritesTheMarkingAtOnce) {
-    sk::test::TempDir dir;
-    const std::string script =
-        "set -e\n'" + sk::test::program() + "' --data-dir '" + dir.path().string() +
-        "' --today 2026-11-23 & pid=$!\n"
-        "id=$(timeout 20 xdotool search --sync --name 'Quorvel Schichtkalender' | head -1)\n"
-        "xdotool windowfocus --sync \"$id\" 2>/dev/null\n"
-        "xdotool key 1 2>/dev/null\n"
-        "dialog=$(timeout 20 xdotool search --sync --name 'Schichtmarkierung eingeben' | head -1)\n"
-        "xdotool windowfocus --sync \"$dialog\" 2>/dev/null\n"
-        "xdotool key x 2>/dev/null\n"
-        "file='" +
-        (dir.path() / "Programm" / "Schichtmarkierung.dat").string() +
-        "'\n"
-        "for i in $(seq 200); do [ -s \"$file\" ] && break; sleep 0.05; done\n"
-        "[ -s \"$file\" ] || { echo 'keine Schichtmarkierung.dat' >&2; kill $pid; false; }\n"
-        "kill -TERM $pid\nwait $pid\n";
-    const sk::test::CommandResult r =
-        sk::test::run_command("bash -c \"$(cat <<'SCRIPT'\n" + script + "SCRIPT\n)\"");
-    ASSERT_EQ(r.status, 0) << r.err;
-    EXPECT_EQ(marks::load_shift_markings(dir.path() / "Programm").items,
-              (std::vector<marks::ShiftMarking>{
-                  {calendar::day_number(2026, 10, 23), 1, marks::kind_a::kWorked}}));
+// A user whose page differs from a fresh one in every source the picture
+// has: another font, moon phases on, a note, a calendar marking and a shift
+// marking on the day the cursor will stand on (24 December 2026).
+void fill_user(const fs::path& root) {
+    const fs::path user = root / "Programm";
+    fs::create_directories(user);
+    settings::Settings s = settings::default_settings(root.string());
+    s.font_name = "FreeSans";
+    s.font_size = 11;
+    s.moon_phases_shown = 1;
+    ASSERT_TRUE(settings::write_settings_file(user / "Einstellungen.dat", s));
+    const calendar::Day christmas_eve = date(2026, 12, 24);
+    ASSERT_EQ(notes::NoteStore(user, "").write_daily(notes::date_key(christmas_eve), "Bescherung"),
+              std::nullopt);
+    marks::CalendarMarkings bars;
+    marks::save_marking(bars, christmas_eve.number - 4, christmas_eve.number + 3, {90, 160, 230});
+    ASSERT_TRUE(marks::save_calendar_markings(user, bars));
+    marks::ShiftMarkings shifts;
+    shifts.items.push_back({christmas_eve.number, 2, marks::kind_b::kSick});
+    ASSERT_TRUE(marks::save_shift_markings(user, shifts));
 }
 
-// GTK's own print dialog is titled in German although the environment asks
-// for English messages (a C locale and an English LANGUAGE list); the test
-// set-up makes de_DE.UTF-8 (tools/ensure-packages.sh).
-TEST(ProgramProcess, GtkOwnWindowsSpeakGerman) {
+// Today 23.11.2026 with six columns from November: keypad + gives seven,
+// "v" model 6, Right the same day a column on (23.12.), Down the 24th. Z
+// copies; the "Information" box is closed with Return, as a user does.
+TEST(ProgramProcess, ClipboardHoldsTheRenderCommandsPicture) {
     sk::test::TempDir dir;
-    const std::string script =
-        "set -e\nexport LC_ALL=C.UTF-8 LANGUAGE=en_GB:en\n'" + sk::test::program() +
-        "' --data-dir '" + dir.path().string() + "' --today 2026-11-23 & pid=$!\n" +
-        R"SH(id=$(timeout 20 xdotool search --sync --name 'Quorvel Schichtkalender' | head -1)
-xdotool windowfocus --sync "$id" 2>/dev/null
-xdotool key ctrl+p 2>/dev/null
-print=$(timeout 20 xdotool search --sync --name '^Drucken$' | head -1)
-xdotool windowfocus --sync "$print" 2>/dev/null || true
-xdotool key Escape 2>/dev/null
-for i in $(seq 400); do xdotool search --name '^Drucken$' >/dev/null || break; sleep 0.05; done
-xdotool windowfocus --sync "$id" 2>/dev/null
-xdotool key Escape 2>/dev/null
-wait $pid
-)SH";
-    const sk::test::CommandResult r =
-        sk::test::run_command("bash -c \"$(cat <<'SCRIPT'\n" + script + "SCRIPT\n)\"");
-    EXPECT_EQ(r.status, 0) << r.err;
+    fill_user(dir / "SKDaten");
+    const sk::test::CommandResult r = run_session(dir.path(), R"SH(start
+xdotool key KP_Add v Right Down z
+focus '^Information$'; xdotool key Return; gone '^Information$'
+xclip -selection clipboard -t image/png -o > "$dir/clip.png"
+quit
+)SH");
+    ASSERT_EQ(r.status, 0) << r.err;
+    EXPECT_EQ(saved_settings(dir / "SKDaten" / "Programm").columns, 7);
+    EXPECT_EQ(saved_settings(dir / "SKDaten" / "Programm").model, 6);
+
+    // The user's data are in the picture: without the note and the two
+    // markings (same settings) the render command draws another one.
+    fs::create_directories(dir / "Leer" / "Programm");
+    fs::copy_file(dir / "SKDaten" / "Programm" / "Einstellungen.dat",
+                  dir / "Leer" / "Programm" / "Einstellungen.dat");
+    const auto clip = Gdk::Pixbuf::create_from_file((dir / "clip.png").string());
+    for (const char* data : {"SKDaten", "Leer"}) {
+        const fs::path png = dir / (std::string(data) + ".png");
+        const sk::test::CommandResult rendered = sk::test::run_command(
+            sk::test::program() + " render --out " + png.string() + " --data-dir " +
+            (dir / data).string() +
+            " --today 2026-11-23 --month 2026-11 --columns 7 --model 6 --cursor 2026-12-24");
+        ASSERT_EQ(rendered.status, 0) << rendered.err;
+        const int differing = differing_pixels(clip, Gdk::Pixbuf::create_from_file(png.string()));
+        if (data == std::string("SKDaten"))
+            EXPECT_EQ(differing, 0);
+        else
+            EXPECT_GT(differing, 0);
+    }
 }
 
 }  // namespace

@@ -1,11 +1,14 @@
 // The main window under test: a Program on a data directory of its own,
-// real key presses and clicks synthesised as GDK events, message boxes
-// answered (and recorded) as they come, and waiting for conditions.
+// real key presses and clicks synthesised as GDK events, every window that
+// opens answered (and recorded) by the test or closed, and waiting for
+// conditions, always with an upper bound. Also the shell scaffolding of the
+// tests that run the program as its own process, driven by xdotool.
 #pragma once
 
 #include <gtest/gtest.h>
 #include <gtkmm.h>
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -15,14 +18,26 @@
 #include "app/application.hpp"
 #include "app/commands.hpp"
 #include "app/main_window.hpp"
+#include "settings/settings_file.hpp"
 #include "test_support.hpp"
+#include "view/page_layout.hpp"
 
 namespace sk::app::test {
 
-bool wait_until(const std::function<bool()>& condition, double seconds = 10);
+inline calendar::Day date(int y, int m, int d) {
+    return calendar::Day::from_date(y, m - 1, d);
+}
+
+// False when the condition did not hold within `seconds` (the main loop
+// runs meanwhile).
+bool wait_until(const std::function<bool()>& condition, double seconds = 30);
 void send_key(Gtk::Window& window, guint keyval, GdkModifierType state = GdkModifierType(0));
-// A primary-button press at (x, y) of the widget; two for a double click.
+// Keys by their GDK names, separated by blanks; "Shift+N", "Control+p".
+void send_keys(Gtk::Window& window, const std::string& names);
+// A primary-button press at (x, y) of the widget (of an entry: into its
+// text); two for a double click.
 void click(Gtk::Widget& widget, double x, double y, bool twice = false);
+const view::DayCell* day_cell(const view::PageLayout& page, const calendar::Day& day);
 
 // A message box or window seen by the catcher: its title and (message boxes) text.
 struct Message {
@@ -35,28 +50,46 @@ class WindowTest : public ::testing::Test {
     WindowTest();
     ~WindowTest() override;
 
-    // Starts the program with `today` on the screen given (large by default).
+    // Starts the program (anew) with `today` on the screen given (large by default).
     void start(const calendar::Day& today,
                std::optional<ScreenSize> screen = ScreenSize{8000, 3000});
-    void key(guint keyval, GdkModifierType state = GdkModifierType(0));
+    void key(const std::string& names) { send_keys(window(), names); }
+    void write_daily(const calendar::Day& day, const std::string& text);
 
     MainWindow& window() { return m_program->window(); }
     AppState& state() { return m_program->state(); }
     CommandDispatcher& commands() { return m_program->commands(); }
-    const std::filesystem::path user_dir() const { return m_dir.path() / "Programm"; }
+    std::filesystem::path user_dir() const { return m_dir.path() / "Programm"; }
     std::string field_text(StatusField field);
     std::string first_month() const;  // "2026-11"
+    settings::Settings saved_settings() const;
 
     sk::test::TempDir m_dir;
     std::unique_ptr<Program> m_program;
-    std::vector<Message> m_messages;  // every box and window closed so far
-    // Asked first for every window that opens; true when it answered the
-    // window itself. Otherwise message boxes get "OK" and other windows
-    // are cancelled.
+    std::vector<Message> m_messages;  // every box and window opened so far
+    // Asked once for every window that opens, from the main loop; true when
+    // it answered the window itself. Otherwise message boxes get "OK" and
+    // other windows are cancelled. A window still open 30 s after it was
+    // answered fails the test and is closed.
     std::function<bool(Gtk::Dialog&)> m_answer;
 
   private:
     sigc::connection m_catcher;
 };
+
+// Runs `steps` in bash (or `shell`) after shell functions for driving the
+// program with xdotool; every wait in them gives up after 30 s with a message
+// on stderr, and the program is killed whatever way the script ends:
+//   start [ARGS]    the program on $dir/SKDaten, today 23.11.2026; $id, $pid
+//   focus TITLE     waits for a window (title as regular expression), focuses it; $w
+//   gone TITLE      waits until no such window is left
+//   until_ok WHAT CMD...   waits until CMD succeeds
+//   ended           waits for the program's end; fails on a status other than 0
+//   quit            Escape in the main window, then ended
+sk::test::CommandResult run_session(const std::filesystem::path& dir, const std::string& steps,
+                                    const std::string& shell = "bash");
+settings::Settings saved_settings(const std::filesystem::path& user_dir);
+// Pixels whose colour differs; -1 when the sizes differ.
+int differing_pixels(const Glib::RefPtr<Gdk::Pixbuf>& a, const Glib::RefPtr<Gdk::Pixbuf>& b);
 
 }  // namespace sk::app::test

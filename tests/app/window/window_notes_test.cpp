@@ -1,8 +1,6 @@
 // The note commands of the main window: keys T, P, J, W, L and the note menu
 // (F9, the button "Notiz") open their windows on the cursor day, and what is
 // saved or deleted shows at once in the notes line and the page's highlight.
-#include <gdk/gdkkeysyms.h>
-
 #include "app/delete_notes_dialog.hpp"
 #include "app/note_editor_dialog.hpp"
 #include "notes/note_keys.hpp"
@@ -34,19 +32,19 @@ class WindowNotesTest : public WindowTest {
 
 TEST_F(WindowNotesTest, EachKeyOpensItsEditorOnTheCursorDay) {
     struct Case {
-        guint key;
+        const char* key;
         const char* title;
         const char* file;
     };
     // In the order the notes line joins them.
     const Case cases[] = {
-        {GDK_KEY_t, "Notizen für den 24.11.2026", "20261024.txt"},
-        {GDK_KEY_p, "Periodische Notizen am 24.11.2026", "20781.7.tnt"},
-        {GDK_KEY_J, "Jährliche Notizen für den 24.11.2026", "1024.jnt"},
-        {GDK_KEY_w, "Wochentag im Monat", "11223.wmt"},  // the fourth Tuesday, every month
+        {"t", "Notizen für den 24.11.2026", "20261024.txt"},
+        {"p", "Periodische Notizen am 24.11.2026", "20781.7.tnt"},
+        {"Shift+J", "Jährliche Notizen für den 24.11.2026", "1024.jnt"},
+        {"w", "Wochentag im Monat", "11223.wmt"},  // the fourth Tuesday, every month
     };
     start(kMonday);
-    key(GDK_KEY_Down);
+    key("Down");
     ASSERT_EQ(state().page.cursor.number, 20781);
     std::string joined;
     for (const Case& c : cases) {
@@ -59,38 +57,31 @@ TEST_F(WindowNotesTest, EachKeyOpensItsEditorOnTheCursorDay) {
     EXPECT_TRUE(highlighted(state().page.cursor));
 }
 
-TEST_F(WindowNotesTest, NoteMenuLeadsToTheEditorAndTheDeletion) {
+TEST_F(WindowNotesTest, NoteMenuLeadsToTheEditorAndLToTheDeletion) {
     start(kMonday);
-    m_answer = [](Gtk::Dialog& dialog) {
-        if (dialog.get_title() != "Notiz") return false;
+    write_in("Notizen für den 23.11.2026", "Spätdienst mit Eva");
+    const auto answer_editor = m_answer;
+    m_answer = [&](Gtk::Dialog& dialog) {
+        if (dialog.get_title() != "Notiz") return answer_editor(dialog);
         send_key(dialog, GDK_KEY_t);
         return true;
     };
-    const auto answer_menu = m_answer;
-    write_in("Notizen für den 23.11.2026", "Spätdienst mit Eva");
-    const auto answer_editor = m_answer;
-    m_answer = [&](Gtk::Dialog& d) { return answer_menu(d) || answer_editor(d); };
-    key(GDK_KEY_F9);
+    key("F9");
     EXPECT_EQ(field_text(StatusField::Notes), "Spätdienst mit Eva");
     EXPECT_TRUE(highlighted(kMonday));
 
     // L: daily notes up to the cursor day, after "Ja".
-    bool asked = false;
-    m_answer = [&asked](Gtk::Dialog& dialog) {
+    m_answer = [](Gtk::Dialog& dialog) {
         if (auto* deletion = dynamic_cast<DeleteNotesDialog*>(&dialog)) {
-            if (asked) return true;
-            asked = true;
             deletion->get_daily_box().set_active(true);
-            // Its question needs the answering loop: click once this answer is done.
-            Glib::signal_timeout().connect_once(
-                [deletion] { deletion->get_delete_button().clicked(); }, 0);
+            deletion->get_delete_button().clicked();
             return true;
         }
         if (dialog.get_title() != "Frage") return false;
         dialog.response(Gtk::RESPONSE_YES);
         return true;
     };
-    key(GDK_KEY_l);
+    key("l");
     EXPECT_EQ(field_text(StatusField::Notes), "");
     EXPECT_FALSE(highlighted(kMonday));
     EXPECT_FALSE(std::filesystem::exists(user_dir() / "20261023.txt"));

@@ -1,21 +1,38 @@
 // Entry of the main window's tests: GTK on the display the wrapper started
-// (tools/with-xvfb.sh), the test fonts, then GoogleTest.
+// (tools/with-xvfb.sh), the test fonts, then GoogleTest. A test that runs
+// longer than 150 s is stopped with its name on stderr, so that a hang
+// never waits for CTest's timeout. Listing the tests needs no display.
 #include <gtest/gtest.h>
 #include <gtkmm.h>
+#include <unistd.h>
 
+#include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
 
 #include "test_support.hpp"
 
+namespace {
+
+char g_running[512];  // the message of the alarm's handler, for the running test
+
+class Watchdog : public ::testing::EmptyTestEventListener {
+    void OnTestStart(const ::testing::TestInfo& info) override {
+        std::snprintf(g_running, sizeof g_running, "\nTest %s.%s läuft länger als 150 s\n",
+                      info.test_suite_name(), info.name());
+        alarm(150);
+    }
+    void OnTestEnd(const ::testing::TestInfo&) override { alarm(0); }
+};
+
+}  // namespace
+
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     setenv("FONTCONFIG_FILE", sk::test::source_path("view/fonts.conf").c_str(), 0);
-    bool listing = false;
-    for (int i = 1; i < argc; ++i)
-        if (std::strcmp(argv[i], "--gtest_list_tests") == 0) listing = true;
-    if (!listing) {
+    if (!::testing::GTEST_FLAG(list_tests)) {
         if (!gtk_init_check(&argc, &argv)) {
             std::cerr
                 << "Keine Anzeige: die Fenstertests laufen nur unter X (tools/with-xvfb.sh).\n";
@@ -23,5 +40,10 @@ int main(int argc, char** argv) {
         }
         Gtk::Main::init_gtkmm_internals();
     }
+    std::signal(SIGALRM, [](int) {
+        if (write(STDERR_FILENO, g_running, std::strlen(g_running)) < 0) _exit(4);
+        _exit(3);
+    });
+    ::testing::UnitTest::GetInstance()->listeners().Append(new Watchdog);
     return RUN_ALL_TESTS();
 }
