@@ -1,5 +1,5 @@
-// The program's windows as the main window opens them: which key or button
-// opens which window, and what the window's answer does to the page.
+// The program's windows as the main window opens them: which key opens
+// which window, and what the window's answer does to the page.
 #include "app/choice_dialog.hpp"
 #include "app/date_entry_dialog.hpp"
 #include "app/export_dialog.hpp"
@@ -64,48 +64,39 @@ TEST_F(WindowTest, TodaysNotesOpenAtTheStartAndTheOverviewOnU) {
     EXPECT_EQ(m_messages[1].title, "Übersicht der Notizen");
 }
 
-TEST_F(WindowTest, DateEntriesMoveThePageOrTheVacationBlockForTheRun) {
+// D and F (date entries), Y, H (background colour) and "Prog." - "Kalender"
+// change the page; F, Y and H for this run only, never in the settings.
+TEST_F(WindowTest, AnswersChangeThePage) {
     start(date(2026, 11, 23));
-    std::string typed;
-    m_answer = [&](Gtk::Dialog& dialog) {
-        auto* entry = dynamic_cast<DateEntryDialog*>(&dialog);
-        if (!entry) return false;
-        entry->get_field().set_text(typed);
-        dialog.response(Gtk::RESPONSE_OK);
-        return true;
-    };
-    typed = "24.12.2030";
+    std::string typed = "24.12.2030";
+    answer<DateEntryDialog>([&](auto& d) {
+        d.get_field().set_text(typed);
+        d.response(Gtk::RESPONSE_OK);
+    });
+    answer<Gtk::ColorChooserDialog>([](auto& d) {
+        d.set_rgba(Gdk::RGBA("rgb(236,233,216)"));
+        d.response(Gtk::RESPONSE_OK);
+    });
+    answer<ChoiceDialog>([](auto& d) { d.choose(0); });  // "Prog." - "Kalender"
+    answer<ModelChooserDialog>([](auto& d) { d.choose(ModelChooserDialog::position_of(7)); });
     key("d");
     EXPECT_EQ(state().page.cursor, date(2030, 12, 24));
-    EXPECT_EQ(state().page.year, 2030);
-    EXPECT_EQ(state().page.month_index, 11);
+    EXPECT_EQ(first_month(), "2030-12");
 
     typed = "01.05.2030";
     key("f");
     EXPECT_EQ(state().session.vacation_start.month, 5);
     EXPECT_EQ(state().session.vacation_start.day, 1);
-    EXPECT_EQ(state().session.settings.vacation_start_month, 4);  // not saved
+    EXPECT_EQ(state().session.settings.vacation_start_month, 4);
 
     const calendar::VacationOrder before = state().session.vacation_order;
     key("Shift+Y");
     EXPECT_NE(state().session.vacation_order, before);
-    EXPECT_EQ(state().session.settings.vacation_cycle, 0);  // not saved
-}
+    EXPECT_EQ(state().session.settings.vacation_cycle, 0);
 
-TEST_F(WindowTest, ProgWindowReachesTheCalendarChooser) {
-    start(date(2026, 11, 23));
-    m_answer = [&](Gtk::Dialog& dialog) {
-        if (auto* chooser = dynamic_cast<ModelChooserDialog*>(&dialog)) {
-            chooser->choose(ModelChooserDialog::position_of(7));
-            return true;
-        }
-        if (auto* choice = dynamic_cast<ChoiceDialog*>(&dialog);
-            choice && dialog.get_title() == "Prog.") {
-            choice->choose(0);  // "Kalender"
-            return true;
-        }
-        return false;
-    };
+    key("h F3");  // kept on the next page
+    EXPECT_EQ(window().page_view().page()->background, (calendar::Rgb{236, 233, 216}));
+
     key("F10");
     EXPECT_EQ(state().page.model, 7);
     EXPECT_FALSE(window().button(Command::BlockToggle).get_visible());
@@ -119,63 +110,26 @@ TEST_F(WindowTest, ProgWindowExportsTheShownMonths) {
     start(date(2026, 11, 23));
     const std::filesystem::path folder = m_dir.path() / "Ablage";
     std::filesystem::create_directory(folder);
-    m_answer = [&](Gtk::Dialog& dialog) {
-        if (auto* choice = dynamic_cast<ChoiceDialog*>(&dialog);
-            choice && dialog.get_title() == "Prog.") {
-            choice->choose(7);  // "Export"
-            return true;
-        }
-        if (auto* options = dynamic_cast<ExportDialog*>(&dialog)) {
-            EXPECT_EQ(options->get_first_field().get_text(), "01.11.2026");
-            EXPECT_EQ(options->get_last_field().get_text(), "30.04.2027");
-            options->get_csv_button().set_active(true);
-            dialog.response(Gtk::RESPONSE_OK);
-            return true;
-        }
-        if (auto* chooser = dynamic_cast<Gtk::FileChooserDialog*>(&dialog)) {
-            EXPECT_EQ(chooser->get_current_name(), "Schichtplan-2026-2027.csv");
-            EXPECT_TRUE(chooser->get_do_overwrite_confirmation());
-            chooser->set_current_folder(folder.string());
-            EXPECT_TRUE(
-                wait_until([&] { return chooser->get_current_folder() == folder.string(); }));
-            send_key(*chooser, GDK_KEY_Return);
-            return true;
-        }
-        return false;
-    };
+    answer<ChoiceDialog>([](auto& d) { d.choose(7); });  // "Export"
+    answer<ExportDialog>([](auto& d) {
+        EXPECT_EQ(d.get_first_field().get_text(), "01.11.2026");
+        EXPECT_EQ(d.get_last_field().get_text(), "30.04.2027");
+        d.get_csv_button().set_active(true);
+        d.response(Gtk::RESPONSE_OK);
+    });
+    answer<Gtk::FileChooserDialog>([&](auto& d) {
+        EXPECT_EQ(d.get_current_name(), "Schichtplan-2026-2027.csv");
+        EXPECT_TRUE(d.get_do_overwrite_confirmation());
+        d.set_current_folder(folder.string());
+        EXPECT_TRUE(wait_until([&] { return d.get_current_folder() == folder.string(); }));
+        send_key(d, GDK_KEY_Return);
+    });
     key("F10");
-    const std::filesystem::path file = folder / "Schichtplan-2026-2027.csv";
-    ASSERT_TRUE(std::filesystem::exists(file));
     const exporting::ExportSource source =
         exporting::export_source(state().session, state().page.model, false);
-    EXPECT_EQ(sk::test::read_bytes(file),
+    EXPECT_EQ(sk::test::read_bytes(folder / "Schichtplan-2026-2027.csv"),
               exporting::csv_text(source, {date(2026, 11, 1), date(2027, 4, 30)}).text);
-    ASSERT_FALSE(m_messages.empty());
     EXPECT_EQ(m_messages.back().title, "Information");
-    EXPECT_EQ(m_messages.back().text,
-              "Der Schichtplan vom 01.11.2026 bis zum 30.04.2027 wurde in "
-              "die Datei \"" +
-                  file.string() + "\" gespeichert.");
-}
-
-TEST_F(WindowTest, BackgroundColourIsThePagesForTheRun) {
-    start(date(2026, 11, 23));
-    m_answer = [](Gtk::Dialog& dialog) {
-        auto* chooser = dynamic_cast<Gtk::ColorChooserDialog*>(&dialog);
-        if (!chooser) return false;
-        Gdk::RGBA colour;
-        colour.set_rgba_u(236 * 257, 233 * 257, 216 * 257);
-        chooser->set_rgba(colour);
-        dialog.response(Gtk::RESPONSE_OK);
-        return true;
-    };
-    key("h");
-    EXPECT_EQ(window().page_view().page()->background, (calendar::Rgb{236, 233, 216}));
-    key("F3");  // kept on the next page, and never in the settings
-    EXPECT_EQ(window().page_view().page()->background, (calendar::Rgb{236, 233, 216}));
-    m_answer = nullptr;
-    key("h");  // cancelled: stays
-    EXPECT_EQ(state().background, (calendar::Rgb{236, 233, 216}));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "window_fixture.hpp"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <sstream>
@@ -141,7 +142,8 @@ WindowTest::WindowTest() {
                 // answer may open another window, which is caught in turn.
                 g_object_ref(object);
                 Glib::signal_idle().connect_once([this, dialog, object, box] {
-                    if (g_object_get_data(object, kSeenKey) && !(m_answer && m_answer(*dialog)))
+                    if (g_object_get_data(object, kSeenKey) &&
+                        std::ranges::none_of(m_answers, [&](auto& a) { return a(*dialog); }))
                         dialog->response(box ? Gtk::RESPONSE_OK : Gtk::RESPONSE_CANCEL);
                     g_object_unref(object);
                 });

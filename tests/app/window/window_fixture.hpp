@@ -64,14 +64,23 @@ class WindowTest : public ::testing::Test {
     std::string first_month() const;  // "2026-11"
     settings::Settings saved_settings() const;
 
+    // Every window that opens is answered once, from the main loop: by the
+    // latest answer given for its class (which must close it), otherwise
+    // message boxes with "OK" and other windows cancelled. A window still
+    // open 30 s after its answer fails the test and is closed.
+    template <class D>
+    void answer(std::function<void(D&)> act) {
+        m_answers.insert(m_answers.begin(), [act](Gtk::Dialog& dialog) {
+            auto* typed = dynamic_cast<D*>(&dialog);
+            if (typed) act(*typed);
+            return typed != nullptr;
+        });
+    }
+
     sk::test::TempDir m_dir;
     std::unique_ptr<Program> m_program;
     std::vector<Message> m_messages;  // every box and window opened so far
-    // Asked once for every window that opens, from the main loop; true when
-    // it answered the window itself. Otherwise message boxes get "OK" and
-    // other windows are cancelled. A window still open 30 s after it was
-    // answered fails the test and is closed.
-    std::function<bool(Gtk::Dialog&)> m_answer;
+    std::vector<std::function<bool(Gtk::Dialog&)>> m_answers;
 
   private:
     sigc::connection m_catcher;

@@ -2,12 +2,9 @@
 // double click into a crew's cell, K, a click on the hours field and the
 // "Prog." entries; the page and the account fields follow at once, and the
 // files are on disk before the program ends.
-#include <gdk/gdkkeysyms.h>
-
 #include "app/calendar_marking_dialog.hpp"
 #include "app/choice_dialog.hpp"
 #include "app/hours_dialog.hpp"
-#include "app/note_menu_dialog.hpp"
 #include "app/shift_column_dialog.hpp"
 #include "app/shift_marking_dialog.hpp"
 #include "app/vacation_dialog.hpp"
@@ -35,78 +32,57 @@ Day day_off_of_crew_0() {
 }
 
 // Key 1, then X: the day is marked on disk at once, drawn on the page, and
-// counted in the hours field.
-TEST_F(WindowTest, Key1ThenXMarksTheDayAndCountsIt) {
+// counted in the hours field. A double click into a working crew's cell of
+// another day marks that day in the column of the crew's shift, and the
+// cursor goes there.
+TEST_F(WindowTest, Key1AndADoubleClickOpenTheShiftMarking) {
     const Day day = day_off_of_crew_0();
+    const Day other = date(2026, 11, 26);
+    ASSERT_NE(day, other);
     start(day);
     ASSERT_EQ(field_text(StatusField::Hours), "   0,00");
-    m_answer = [](Gtk::Dialog& dialog) {
-        if (!dynamic_cast<ShiftMarkingDialog*>(&dialog)) return false;
-        EXPECT_EQ(dialog.get_title(), "Schichtmarkierung eingeben");
-        send_key(dialog, GDK_KEY_x);
-        return true;
-    };
+    std::string heading;
+    guint code = GDK_KEY_x;
+    answer<ShiftMarkingDialog>([&](auto& d) {
+        heading = d.get_heading();
+        send_key(d, code);
+    });
     key("1");
     EXPECT_EQ(marks::load_shift_markings(user_dir()).items,
               (std::vector<marks::ShiftMarking>{{day.number, 1, marks::kind_a::kWorked}}));
     EXPECT_EQ(field_text(StatusField::Hours), "   8,00");
     const view::DayCell* cell = day_cell(*window().page_view().page(), day);
     ASSERT_TRUE(cell);
-    bool marked = false;
-    for (const view::ShiftCell& shift : cell->shifts)
-        marked |= shift.marked;
-    EXPECT_TRUE(marked);
-}
+    EXPECT_TRUE(std::ranges::any_of(cell->shifts, [](auto& shift) { return shift.marked; }));
 
-// A double click into a working crew's cell of another day marks that day
-// in the column of the crew's shift, and the cursor goes there.
-TEST_F(WindowTest, DoubleClickOnAShiftCellOpensItsMarking) {
-    start(date(2026, 11, 23));
-    const Day day = date(2026, 11, 26);
-    const view::DayCell* cell = day_cell(*window().page_view().page(), day);
+    cell = day_cell(*window().page_view().page(), other);
     ASSERT_TRUE(cell);
-    const view::ShiftCell* night = nullptr;
-    for (int crew = 0; crew < cell->crews; ++crew)
-        if (cell->shifts[crew].code == calendar::shift::kNight) night = &cell->shifts[crew];
-    ASSERT_TRUE(night);
-    std::string heading;
-    m_answer = [&](Gtk::Dialog& dialog) {
-        auto* marking = dynamic_cast<ShiftMarkingDialog*>(&dialog);
-        if (!marking) return false;
-        heading = marking->get_heading();
-        send_key(dialog, GDK_KEY_u);
-        return true;
-    };
+    const auto crews = std::span(cell->shifts).first(cell->crews);
+    const auto night = std::ranges::find(crews, calendar::shift::kNight, &view::ShiftCell::code);
+    ASSERT_NE(night, crews.end());
+    code = GDK_KEY_u;
     click(window().page_view(), night->rect.x + night->rect.w / 2,
           night->rect.y + night->rect.h / 2, true);
     EXPECT_EQ(heading, " Nachtschicht am 26.11.2026");
-    EXPECT_EQ(state().page.cursor, day);
+    EXPECT_EQ(state().page.cursor, other);
     EXPECT_EQ(marks::load_shift_markings(user_dir()).items,
-              (std::vector<marks::ShiftMarking>{{day.number, 3, marks::kind_a::kVacation}}));
+              (std::vector<marks::ShiftMarking>{{day.number, 1, marks::kind_a::kWorked},
+                                                {other.number, 3, marks::kind_a::kVacation}}));
 }
 
 // A click on the hours field and "Prog." - "Urlaub": the values are written
 // at once and the two fields show them.
 TEST_F(WindowTest, AccountDialogsFromTheHoursFieldAndTheProgWindow) {
     start(date(2026, 11, 23));
-    m_answer = [](Gtk::Dialog& dialog) {
-        if (auto* hours = dynamic_cast<HoursDialog*>(&dialog)) {
-            hours->get_value_field().set_text("-12,5");
-            send_key(dialog, GDK_KEY_Return);
-            return true;
-        }
-        if (auto* vacation = dynamic_cast<VacationDialog*>(&dialog)) {
-            vacation->get_days_field().set_text("25");
-            send_key(dialog, GDK_KEY_Return);
-            return true;
-        }
-        if (auto* prog = dynamic_cast<ChoiceDialog*>(&dialog);
-            prog && dialog.get_title() == "Prog.") {
-            send_key(dialog, GDK_KEY_u);
-            return true;
-        }
-        return false;
-    };
+    answer<ChoiceDialog>([](auto& d) { send_key(d, GDK_KEY_u); });  // "Urlaub"
+    answer<HoursDialog>([](auto& d) {
+        d.get_value_field().set_text("-12,5");
+        send_key(d, GDK_KEY_Return);
+    });
+    answer<VacationDialog>([](auto& d) {
+        d.get_days_field().set_text("25");
+        send_key(d, GDK_KEY_Return);
+    });
     click(window().status_lines().field(StatusField::Hours), 2, 2);
     EXPECT_EQ(field_text(StatusField::Hours), " -12,50");
     marks::HoursAccount hours;
@@ -127,20 +103,13 @@ TEST_F(WindowTest, AccountDialogsFromTheHoursFieldAndTheProgWindow) {
 TEST_F(WindowTest, KAndTheNoteMenuReachTheMarkings) {
     start(date(2026, 11, 23));
     guint menu_key = GDK_KEY_s;
-    m_answer = [&](Gtk::Dialog& dialog) {
-        guint answer = GDK_KEY_Return;
-        if (dynamic_cast<NoteMenuDialog*>(&dialog))
-            answer = menu_key;
-        else if (dynamic_cast<ShiftColumnDialog*>(&dialog))
-            answer = GDK_KEY_2;
-        else if (auto* marking = dynamic_cast<ShiftMarkingDialog*>(&dialog)) {
-            EXPECT_EQ(marking->get_heading(), " Spätschicht am 23.11.2026");
-            answer = GDK_KEY_f;
-        } else if (!dynamic_cast<CalendarMarkingDialog*>(&dialog))
-            return false;
-        send_key(dialog, answer);
-        return true;
-    };
+    answer<ChoiceDialog>([&](auto& d) { send_key(d, menu_key); });  // the note menu
+    answer<ShiftColumnDialog>([](auto& d) { send_key(d, GDK_KEY_2); });
+    answer<ShiftMarkingDialog>([](auto& d) {
+        EXPECT_EQ(d.get_heading(), " Spätschicht am 23.11.2026");
+        send_key(d, GDK_KEY_f);
+    });
+    answer<CalendarMarkingDialog>([](auto& d) { send_key(d, GDK_KEY_Return); });
     key("k");
     std::vector<marks::CalendarMarking> bars = {
         {date(2026, 11, 23).number, date(2026, 11, 30).number, marks::kDefaultMarkingColour}};

@@ -2,7 +2,9 @@
 // (F9, the button "Notiz") open their windows on the cursor day, and what is
 // saved or deleted shows at once in the notes line and the page's highlight.
 #include "app/delete_notes_dialog.hpp"
+#include "app/message_box.hpp"
 #include "app/note_editor_dialog.hpp"
+#include "app/note_menu_dialog.hpp"
 #include "notes/note_keys.hpp"
 #include "notes/note_store.hpp"
 #include "notes/notes_of_day.hpp"
@@ -17,15 +19,13 @@ const Day kMonday = Day::from_date(2026, 10, 23);  // 23 November 2026, the day 
 
 class WindowNotesTest : public WindowTest {
   protected:
-    // Answers the editor titled `title` with the text, saved by Ctrl+S.
+    // Answers the editors with the text, saved by Ctrl+S; the title first checked.
     void write_in(const std::string& title, const std::string& text) {
-        m_answer = [=](Gtk::Dialog& dialog) {
-            auto* editor = dynamic_cast<NoteEditorDialog*>(&dialog);
-            if (!editor || dialog.get_title() != title) return false;
-            editor->get_text_view().get_buffer()->set_text(text);
-            send_key(dialog, GDK_KEY_s, GDK_CONTROL_MASK);
-            return true;
-        };
+        answer<NoteEditorDialog>([=](auto& d) {
+            EXPECT_EQ(d.get_title(), title);
+            d.get_text_view().get_buffer()->set_text(text);
+            send_key(d, GDK_KEY_s, GDK_CONTROL_MASK);
+        });
     }
     bool highlighted(const Day& day) { return notes::day_has_notes(state().session.notes, day); }
 };
@@ -60,27 +60,17 @@ TEST_F(WindowNotesTest, EachKeyOpensItsEditorOnTheCursorDay) {
 TEST_F(WindowNotesTest, NoteMenuLeadsToTheEditorAndLToTheDeletion) {
     start(kMonday);
     write_in("Notizen für den 23.11.2026", "Spätdienst mit Eva");
-    const auto answer_editor = m_answer;
-    m_answer = [&](Gtk::Dialog& dialog) {
-        if (dialog.get_title() != "Notiz") return answer_editor(dialog);
-        send_key(dialog, GDK_KEY_t);
-        return true;
-    };
+    answer<NoteMenuDialog>([](auto& d) { send_key(d, GDK_KEY_t); });
     key("F9");
     EXPECT_EQ(field_text(StatusField::Notes), "Spätdienst mit Eva");
     EXPECT_TRUE(highlighted(kMonday));
 
     // L: daily notes up to the cursor day, after "Ja".
-    m_answer = [](Gtk::Dialog& dialog) {
-        if (auto* deletion = dynamic_cast<DeleteNotesDialog*>(&dialog)) {
-            deletion->get_daily_box().set_active(true);
-            deletion->get_delete_button().clicked();
-            return true;
-        }
-        if (dialog.get_title() != "Frage") return false;
-        dialog.response(Gtk::RESPONSE_YES);
-        return true;
-    };
+    answer<DeleteNotesDialog>([](auto& d) {
+        d.get_daily_box().set_active(true);
+        d.get_delete_button().clicked();
+    });
+    answer<QuestionBox>([](auto& d) { d.response(Gtk::RESPONSE_YES); });
     key("l");
     EXPECT_EQ(field_text(StatusField::Notes), "");
     EXPECT_FALSE(highlighted(kMonday));
