@@ -37,28 +37,9 @@ bool wait_until(const std::function<bool()>& condition, double seconds) {
     return true;
 }
 
-void send_key(Gtk::Window& window, guint keyval, GdkModifierType state) {
+void send_key(Gtk::Window& window, const std::string& names) {
     GdkWindow* target = window.get_window()->gobj();
     GdkDisplay* display = gdk_window_get_display(target);
-    guint16 keycode = 0;
-    GdkKeymapKey* keys = nullptr;
-    gint count = 0;
-    if (gdk_keymap_get_entries_for_keyval(gdk_keymap_get_for_display(display), keyval, &keys,
-                                          &count) &&
-        count > 0)
-        keycode = static_cast<guint16>(keys[0].keycode);
-    g_free(keys);
-    for (GdkEventType type : {GDK_KEY_PRESS, GDK_KEY_RELEASE}) {
-        GdkEvent* event = gdk_event_new(type);
-        event->key.time = GDK_CURRENT_TIME;
-        event->key.keyval = keyval;
-        event->key.state = state;
-        event->key.hardware_keycode = keycode;
-        dispatch(event, target, gdk_seat_get_keyboard(gdk_display_get_default_seat(display)));
-    }
-}
-
-void send_keys(Gtk::Window& window, const std::string& names) {
     std::istringstream in(names);
     for (std::string name; in >> name;) {
         GdkModifierType state = GdkModifierType(0);
@@ -70,7 +51,19 @@ void send_keys(Gtk::Window& window, const std::string& names) {
             }
         const guint keyval = gdk_keyval_from_name(name.c_str());
         ASSERT_NE(keyval, guint(GDK_KEY_VoidSymbol)) << name;
-        send_key(window, keyval, state);
+        GdkKeymapKey* keys = nullptr;
+        gint count = 0;
+        gdk_keymap_get_entries_for_keyval(gdk_keymap_get_for_display(display), keyval, &keys,
+                                          &count);
+        for (GdkEventType type : {GDK_KEY_PRESS, GDK_KEY_RELEASE}) {
+            GdkEvent* event = gdk_event_new(type);
+            event->key.time = GDK_CURRENT_TIME;
+            event->key.keyval = keyval;
+            event->key.state = state;
+            event->key.hardware_keycode = count > 0 ? keys[0].keycode : 0;
+            dispatch(event, target, gdk_seat_get_keyboard(gdk_display_get_default_seat(display)));
+        }
+        g_free(keys);
     }
 }
 
@@ -183,10 +176,11 @@ std::string WindowTest::field_text(StatusField field) {
     return window().status_lines().field(field).get_text();
 }
 
-std::string WindowTest::first_month() const {
-    char text[32];
-    std::snprintf(text, sizeof text, "%04d-%02d", m_program->state().page.year,
-                  m_program->state().page.month_index + 1);
+std::string WindowTest::page() const {
+    const calendar::PageState& p = m_program->state().page;
+    char text[64];
+    std::snprintf(text, sizeof text, "%04d-%02d %s %d %d", p.year, p.month_index + 1,
+                  calendar::format_iso_date(p.cursor).c_str(), p.columns, p.model);
     return text;
 }
 

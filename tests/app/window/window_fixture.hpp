@@ -31,9 +31,8 @@ inline calendar::Day date(int y, int m, int d) {
 // False when the condition did not hold within `seconds` (the main loop
 // runs meanwhile).
 bool wait_until(const std::function<bool()>& condition, double seconds = 30);
-void send_key(Gtk::Window& window, guint keyval, GdkModifierType state = GdkModifierType(0));
-// Keys by their GDK names, separated by blanks; "Shift+N", "Control+p".
-void send_keys(Gtk::Window& window, const std::string& names);
+// Keys by their GDK names, separated by blanks: "F3 Home", "Shift+N", "Control+p".
+void send_key(Gtk::Window& window, const std::string& names);
 // A primary-button press at (x, y) of the widget (of an entry: into its
 // text); two for a double click.
 void click(Gtk::Widget& widget, double x, double y, bool twice = false);
@@ -53,7 +52,7 @@ class WindowTest : public ::testing::Test {
     // Starts the program (anew) with `today` on the screen given (large by default).
     void start(const calendar::Day& today,
                std::optional<ScreenSize> screen = ScreenSize{8000, 3000});
-    void key(const std::string& names) { send_keys(window(), names); }
+    void key(const std::string& names) { send_key(window(), names); }
     void write_daily(const calendar::Day& day, const std::string& text);
 
     MainWindow& window() { return m_program->window(); }
@@ -61,7 +60,8 @@ class WindowTest : public ::testing::Test {
     CommandDispatcher& commands() { return m_program->commands(); }
     std::filesystem::path user_dir() const { return m_dir.path() / "Programm"; }
     std::string field_text(StatusField field);
-    std::string first_month() const;  // "2026-11"
+    // The page state as "first month, cursor, columns, model": "2026-11 2026-11-23 6 0".
+    std::string page() const;
     settings::Settings saved_settings() const;
 
     // Every window that opens is answered once, from the main loop: by the

@@ -42,7 +42,7 @@ TEST_F(WindowTest, Key1AndADoubleClickOpenTheShiftMarking) {
     start(day);
     ASSERT_EQ(field_text(StatusField::Hours), "   0,00");
     std::string heading;
-    guint code = GDK_KEY_x;
+    std::string code = "x";
     answer<ShiftMarkingDialog>([&](auto& d) {
         heading = d.get_heading();
         send_key(d, code);
@@ -60,7 +60,7 @@ TEST_F(WindowTest, Key1AndADoubleClickOpenTheShiftMarking) {
     const auto crews = std::span(cell->shifts).first(cell->crews);
     const auto night = std::ranges::find(crews, calendar::shift::kNight, &view::ShiftCell::code);
     ASSERT_NE(night, crews.end());
-    code = GDK_KEY_u;
+    code = "u";
     click(window().page_view(), night->rect.x + night->rect.w / 2,
           night->rect.y + night->rect.h / 2, true);
     EXPECT_EQ(heading, " Nachtschicht am 26.11.2026");
@@ -74,14 +74,14 @@ TEST_F(WindowTest, Key1AndADoubleClickOpenTheShiftMarking) {
 // at once and the two fields show them.
 TEST_F(WindowTest, AccountDialogsFromTheHoursFieldAndTheProgWindow) {
     start(date(2026, 11, 23));
-    answer<ChoiceDialog>([](auto& d) { send_key(d, GDK_KEY_u); });  // "Urlaub"
+    answer<ChoiceDialog>([](auto& d) { send_key(d, "u"); });  // "Urlaub"
     answer<HoursDialog>([](auto& d) {
         d.get_value_field().set_text("-12,5");
-        send_key(d, GDK_KEY_Return);
+        send_key(d, "Return");
     });
     answer<VacationDialog>([](auto& d) {
         d.get_days_field().set_text("25");
-        send_key(d, GDK_KEY_Return);
+        send_key(d, "Return");
     });
     click(window().status_lines().field(StatusField::Hours), 2, 2);
     EXPECT_EQ(field_text(StatusField::Hours), " -12,50");
@@ -102,14 +102,14 @@ TEST_F(WindowTest, AccountDialogsFromTheHoursFieldAndTheProgWindow) {
 // late shift).
 TEST_F(WindowTest, KAndTheNoteMenuReachTheMarkings) {
     start(date(2026, 11, 23));
-    guint menu_key = GDK_KEY_s;
+    std::string menu_key = "s";
     answer<ChoiceDialog>([&](auto& d) { send_key(d, menu_key); });  // the note menu
-    answer<ShiftColumnDialog>([](auto& d) { send_key(d, GDK_KEY_2); });
+    answer<ShiftColumnDialog>([](auto& d) { send_key(d, "2"); });
     answer<ShiftMarkingDialog>([](auto& d) {
         EXPECT_EQ(d.get_heading(), " Spätschicht am 23.11.2026");
-        send_key(d, GDK_KEY_f);
+        send_key(d, "f");
     });
-    answer<CalendarMarkingDialog>([](auto& d) { send_key(d, GDK_KEY_Return); });
+    answer<CalendarMarkingDialog>([](auto& d) { send_key(d, "Return"); });
     key("k");
     std::vector<marks::CalendarMarking> bars = {
         {date(2026, 11, 23).number, date(2026, 11, 30).number, marks::kDefaultMarkingColour}};
@@ -122,7 +122,7 @@ TEST_F(WindowTest, KAndTheNoteMenuReachTheMarkings) {
     EXPECT_EQ(
         marks::load_shift_markings(user_dir()).items,
         (std::vector<marks::ShiftMarking>{{date(2026, 11, 23).number, 2, marks::kind_a::kFree}}));
-    menu_key = GDK_KEY_k;
+    menu_key = "k";
     key("Right F9");
     bars.push_back(
         {date(2026, 12, 23).number, date(2026, 12, 30).number, marks::kDefaultMarkingColour});

@@ -24,7 +24,7 @@ class WindowNotesTest : public WindowTest {
         answer<NoteEditorDialog>([=](auto& d) {
             EXPECT_EQ(d.get_title(), title);
             d.get_text_view().get_buffer()->set_text(text);
-            send_key(d, GDK_KEY_s, GDK_CONTROL_MASK);
+            send_key(d, "Control+s");
         });
     }
     bool highlighted(const Day& day) { return notes::day_has_notes(state().session.notes, day); }
@@ -60,7 +60,7 @@ TEST_F(WindowNotesTest, EachKeyOpensItsEditorOnTheCursorDay) {
 TEST_F(WindowNotesTest, NoteMenuLeadsToTheEditorAndLToTheDeletion) {
     start(kMonday);
     write_in("Notizen für den 23.11.2026", "Spätdienst mit Eva");
-    answer<NoteMenuDialog>([](auto& d) { send_key(d, GDK_KEY_t); });
+    answer<NoteMenuDialog>([](auto& d) { send_key(d, "t"); });
     key("F9");
     EXPECT_EQ(field_text(StatusField::Notes), "Spätdienst mit Eva");
     EXPECT_TRUE(highlighted(kMonday));

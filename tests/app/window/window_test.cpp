@@ -2,6 +2,8 @@
 // key reaches its command and the page, the status lines and the buttons
 // follow; the screen checks with their messages; keys that must reach the
 // window whatever has the focus; the save on exit.
+#include <sstream>
+
 #include "calendar/shift_model.hpp"
 #include "notes/note_keys.hpp"
 #include "notes/note_store.hpp"
@@ -18,78 +20,59 @@ Glib::RefPtr<Gdk::Pixbuf> pixbuf_of(cairo_surface_t* image) {
 }
 
 struct KeyCase {
-    const char* keys;
-    const char* first_month;
-    const char* cursor;
-    int columns;
-    int model;
+    const char* keys;  // key sequences separated by commas, each giving the page
+    const char* page;  // first month, cursor, columns, model
 };
 
-// Each row from a fresh start on Monday 23.11.2026: six columns from
-// November, model 0, a note on the 24th (so that cursor moves repaint a
-// highlighted row too).
+// Each key sequence from a fresh start on Monday 23.11.2026: six columns
+// from November, model 0, a note on the 24th (so that cursor moves repaint
+// a highlighted row too). The page, the status lines and the block button
+// follow at once; cursor moves repaint two rows only, yet the image must be
+// the whole page painted afresh.
 TEST_F(WindowTest, KeysReachTheirCommandsAndThePageFollows) {
     const KeyCase cases[] = {
-        {"F1", "2025-11", "2025-11-23", 6, 0},
-        {"F2", "2026-10", "2026-10-23", 6, 0},
-        {"F3", "2026-12", "2026-12-23", 6, 0},
-        {"F4", "2027-11", "2027-11-23", 6, 0},
-        {"F5", "2026-04", "2026-04-23", 6, 0},
-        {"Page_Up", "2026-04", "2026-04-23", 6, 0},
-        {"KP_Page_Up", "2026-04", "2026-04-23", 6, 0},
-        {"F7", "2027-06", "2027-06-23", 6, 0},
-        {"Page_Down", "2027-06", "2027-06-23", 6, 0},
-        {"KP_Page_Down", "2027-06", "2027-06-23", 6, 0},
-        {"F4 F6", "2026-11", "2026-11-23", 6, 0},
-        {"F4 Home", "2026-11", "2026-11-23", 6, 0},
-        {"F4 KP_Home", "2026-11", "2026-11-23", 6, 0},
-        {"Down", "2026-11", "2026-11-24", 6, 0},
-        {"KP_Down Up Up", "2026-11", "2026-11-22", 6, 0},
-        {"KP_Up", "2026-11", "2026-11-22", 6, 0},
-        {"Right", "2026-11", "2026-12-23", 6, 0},
-        {"KP_Right", "2026-11", "2026-12-23", 6, 0},
-        {"Left", "2026-10", "2026-10-23", 6, 0},  // off the page: scrolls a month
-        {"KP_Left", "2026-10", "2026-10-23", 6, 0},
-        {"KP_Add", "2026-11", "2026-11-23", 7, 0},
-        {"plus plus minus", "2026-11", "2026-11-23", 7, 0},
-        {"KP_Add KP_Add KP_Subtract", "2026-11", "2026-11-23", 7, 0},
-        {"n", "2026-11", "2026-11-23", 6, 3},
-        {"Shift+N", "2026-11", "2026-11-23", 6, 3},
-        {"n n", "2026-11", "2026-11-23", 6, 0},
-        {"m", "2026-11", "2026-11-23", 6, 1},
-        {"Shift+M Shift+M", "2026-11", "2026-11-23", 6, 4},
-        {"b", "2026-11", "2026-11-23", 6, 2},
-        {"Shift+V", "2026-11", "2026-11-23", 6, 6},
-        {"c", "2026-11", "2026-11-23", 6, 7},
-        {"x", "2026-11", "2026-11-23", 6, 5},
-        {"Control+n Control+m", "2026-11", "2026-11-23", 6, 0},  // no model keys
+        {"F1", "2025-11 2025-11-23 6 0"},
+        {"F2", "2026-10 2026-10-23 6 0"},
+        {"F3", "2026-12 2026-12-23 6 0"},
+        {"F4", "2027-11 2027-11-23 6 0"},
+        {"F5,Page_Up,KP_Page_Up", "2026-04 2026-04-23 6 0"},
+        {"F7,Page_Down,KP_Page_Down", "2027-06 2027-06-23 6 0"},
+        {"F4 F6,F4 Home,F4 KP_Home", "2026-11 2026-11-23 6 0"},
+        {"Down,KP_Down", "2026-11 2026-11-24 6 0"},
+        {"Up,KP_Up", "2026-11 2026-11-22 6 0"},
+        {"Right,KP_Right", "2026-11 2026-12-23 6 0"},
+        {"Left,KP_Left", "2026-10 2026-10-23 6 0"},  // off the page: scrolls a month
+        {"KP_Add,plus,KP_Add KP_Add KP_Subtract,plus plus minus", "2026-11 2026-11-23 7 0"},
+        {"n,Shift+N", "2026-11 2026-11-23 6 3"},
+        {"m", "2026-11 2026-11-23 6 1"},
+        {"m m,Shift+M Shift+M", "2026-11 2026-11-23 6 4"},
+        {"b", "2026-11 2026-11-23 6 2"},
+        {"v,Shift+V", "2026-11 2026-11-23 6 6"},
+        {"c", "2026-11 2026-11-23 6 7"},
+        {"x", "2026-11 2026-11-23 6 5"},
+        {"n n,Control+n Control+m", "2026-11 2026-11-23 6 0"},  // Ctrl: no model keys
     };
     write_daily(date(2026, 11, 24), "Notiz");
     for (const KeyCase& c : cases) {
-        SCOPED_TRACE(c.keys);
-        start(date(2026, 11, 23));
-        key(c.keys);
-        EXPECT_EQ(first_month(), c.first_month);
-        EXPECT_EQ(calendar::format_iso_date(state().page.cursor), c.cursor);
-        EXPECT_EQ(state().page.columns, c.columns);
-        EXPECT_EQ(state().page.model, c.model);
-        // The page, the status lines and the block button follow at once.
-        EXPECT_EQ(window().page_view().page()->columns, c.columns);
-        EXPECT_EQ(window().page_view().page()->model, c.model);
-        const std::string iso = c.cursor;
-        EXPECT_NE(field_text(StatusField::Day)
-                      .find(iso.substr(8, 2) + "." + iso.substr(5, 2) + "." + iso.substr(0, 4)),
-                  std::string::npos)
-            << field_text(StatusField::Day);
-        EXPECT_EQ(window().button(Command::BlockToggle).get_visible(),
-                  calendar::offers_block_toggle(c.model));
-        // Cursor moves repaint two rows only; the image must be the whole
-        // page all the same.
-        PageView& view = window().page_view();
-        EXPECT_EQ(differing_pixels(pixbuf_of(view.image().get()),
-                                   pixbuf_of(view::render_image(*view.page()).get())),
-                  0);
-        EXPECT_TRUE(m_messages.empty());
+        std::istringstream sequences(c.keys);
+        for (std::string keys; std::getline(sequences, keys, ',');) {
+            SCOPED_TRACE(keys);
+            start(date(2026, 11, 23));
+            key(keys);
+            EXPECT_EQ(page(), c.page);
+            const calendar::PageState& p = state().page;
+            PageView& view = window().page_view();
+            EXPECT_EQ(view.page()->columns, p.columns);
+            EXPECT_EQ(view.page()->model, p.model);
+            EXPECT_NE(field_text(StatusField::Day).find(calendar::format_german_date(p.cursor)),
+                      std::string::npos);
+            EXPECT_EQ(window().button(Command::BlockToggle).get_visible(),
+                      calendar::offers_block_toggle(p.model));
+            EXPECT_EQ(differing_pixels(pixbuf_of(view.image().get()),
+                                       pixbuf_of(view::render_image(*view.page()).get())),
+                      0);
+            EXPECT_TRUE(m_messages.empty());
+        }
     }
     // The scroll wheel turns a month, as F3.
     start(date(2026, 11, 23));
@@ -100,7 +83,7 @@ TEST_F(WindowTest, KeysReachTheirCommandsAndThePageFollows) {
         scroll, gdk_seat_get_pointer(gdk_display_get_default_seat(gdk_display_get_default())));
     gtk_main_do_event(scroll);
     gdk_event_free(scroll);
-    EXPECT_EQ(first_month(), "2026-12");
+    EXPECT_EQ(page(), "2026-12 2026-12-23 6 0");
 }
 
 // The screen is as wide as a page of `fitting` columns plus `extra` pixels
@@ -158,14 +141,19 @@ TEST_F(WindowTest, FontTooLargeForTheScreenIsRefusedAndTheOldOneKept) {
               7 * cell.width + 8);
 }
 
-TEST_F(WindowTest, StatusLinesShowTheCursorDayWithItsNotes) {
+// Today's notes open at the start, the overview on U; the status lines show
+// the cursor day with its notes.
+TEST_F(WindowTest, NotesWindowsAndTheStatusLines) {
+    write_daily(date(2026, 11, 23), "Zahnarzt 8 Uhr");
     write_daily(date(2026, 11, 25), "Spätdienst mit Eva");
-    {
-        notes::NoteStore store(user_dir(), "");
-        store.write_yearly(notes::day_key(date(2026, 11, 25)), "Hochzeitstag");
-    }
+    notes::NoteStore(user_dir(), "")
+        .write_yearly(notes::day_key(date(2026, 11, 25)), "Hochzeitstag");
     start(date(2026, 11, 23));
-    EXPECT_EQ(field_text(StatusField::Notes), "");
+    key("u");
+    ASSERT_EQ(m_messages.size(), 2u);
+    EXPECT_EQ(m_messages[0].title, "Notizen für den 23.11.2026");
+    EXPECT_EQ(m_messages[1].title, "Übersicht der Notizen");
+    EXPECT_EQ(field_text(StatusField::Notes), "Zahnarzt 8 Uhr");
     key("Down Down");
     EXPECT_EQ(field_text(StatusField::Notes), "Spätdienst mit Eva\u00A0|\u00A0Hochzeitstag");
     EXPECT_TRUE(field_text(StatusField::Day).starts_with("Mittwoch, 25.11.2026"));

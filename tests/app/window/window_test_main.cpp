@@ -1,14 +1,12 @@
 // Entry of the main window's tests: GTK on the display the wrapper started
-// (tools/with-xvfb.sh), the test fonts, then GoogleTest. A test that runs
-// longer than 150 s is stopped with its name on stderr, so that a hang
-// never waits for CTest's timeout. Listing the tests needs no display.
+// (tools/with-xvfb.sh), the test fonts, then GoogleTest. A test still
+// running after 150 s is stopped with its name on stderr: a hang must never
+// wait for CTest's timeout. Listing the tests needs no display.
 #include <gtest/gtest.h>
 #include <gtkmm.h>
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <iostream>
 
@@ -16,11 +14,11 @@
 
 namespace {
 
-char g_running[512];  // the message of the alarm's handler, for the running test
+char g_hang_message[512];  // written by the alarm's handler
 
-class Watchdog : public ::testing::EmptyTestEventListener {
+struct Watchdog : ::testing::EmptyTestEventListener {
     void OnTestStart(const ::testing::TestInfo& info) override {
-        std::snprintf(g_running, sizeof g_running, "\nTest %s.%s läuft länger als 150 s\n",
+        std::snprintf(g_hang_message, sizeof g_hang_message, "\n%s.%s läuft länger als 150 s\n",
                       info.test_suite_name(), info.name());
         alarm(150);
     }
@@ -41,8 +39,8 @@ int main(int argc, char** argv) {
         Gtk::Main::init_gtkmm_internals();
     }
     std::signal(SIGALRM, [](int) {
-        if (write(STDERR_FILENO, g_running, std::strlen(g_running)) < 0) _exit(4);
-        _exit(3);
+        if (write(STDERR_FILENO, g_hang_message, std::strlen(g_hang_message)) >= 0) _exit(3);
+        _exit(4);
     });
     ::testing::UnitTest::GetInstance()->listeners().Append(new Watchdog);
     return RUN_ALL_TESTS();
