@@ -18,8 +18,9 @@ struct OpenCase {
     const char* text;  // of a message box
 };
 
-// Each window cancelled (message boxes: "OK"); nothing changes.
-TEST_F(WindowTest, KeysOpenTheirWindows) {
+// Each window cancelled (message boxes: "OK"); nothing changes. The keys
+// act while a status field has the focus; F10 is no GTK menu-bar key.
+TEST_F(WindowTest, KeysOpenTheirWindowsWhateverHasTheFocus) {
     g_object_set(gtk_settings_get_default(), "gtk-print-backends", "file", nullptr);
     const OpenCase cases[] = {
         {"F10", "Prog.", ""},
@@ -39,6 +40,10 @@ TEST_F(WindowTest, KeysOpenTheirWindows) {
         {"z", "Information", "Die Kalender wurde in die Zwischenablage kopiert."},
     };
     start(date(2026, 11, 23));
+    Gtk::Entry& notes = window().status_lines().field(StatusField::Notes);
+    window().present();
+    notes.grab_focus();
+    ASSERT_TRUE(wait_until([&] { return notes.has_focus(); }, 2) || notes.is_focus());
     for (const OpenCase& c : cases) {
         std::istringstream alternatives(c.keys);
         for (std::string keys; std::getline(alternatives, keys, ',');) {
@@ -51,6 +56,11 @@ TEST_F(WindowTest, KeysOpenTheirWindows) {
         }
     }
     EXPECT_EQ(page(), "2026-11 2026-11-23 6 0");
+    EXPECT_TRUE(notes.is_focus());
+    key("n Right");
+    EXPECT_EQ(page(), "2026-11 2026-12-23 6 3");
+    EXPECT_EQ(notes.get_text(), "");
+    EXPECT_EQ(Gtk::Settings::get_default()->property_gtk_menu_bar_accel().get_value(), "");
     EXPECT_EQ(state().session.user, "Programm");
     EXPECT_FALSE(std::filesystem::exists(user_dir() / "Schichtmarkierung.dat"));
 }

@@ -169,25 +169,6 @@ TEST_F(WindowTest, NotesWindowsAndTheStatusLines) {
     EXPECT_TRUE(field_text(StatusField::Day).starts_with("Donnerstag, 10.12.2026"));
 }
 
-// Letters, arrows and F10 to F12 act while a status field has the focus;
-// F10 is no GTK menu-bar key.
-TEST_F(WindowTest, KeysReachTheWindowWhateverHasTheFocus) {
-    start(date(2026, 11, 23));
-    std::vector<Command> seen;
-    window().signal_command().connect([&](Command c) { seen.push_back(c); });
-    Gtk::Entry& notes = window().status_lines().field(StatusField::Notes);
-    window().present();
-    notes.grab_focus();
-    ASSERT_TRUE(wait_until([&] { return notes.has_focus(); }, 2) || notes.is_focus());
-    key("n Right F10 F12 F11");
-    EXPECT_EQ(seen, (std::vector<Command>{Command::ModelN, Command::CursorRight, Command::ProgMenu,
-                                          Command::InfoMenu, Command::Login}));
-    EXPECT_EQ(state().page.model, 3);
-    EXPECT_EQ(state().page.cursor, date(2026, 12, 23));
-    EXPECT_EQ(notes.get_text(), "");
-    EXPECT_EQ(Gtk::Settings::get_default()->property_gtk_menu_bar_accel().get_value(), "");
-}
-
 // Escape and closing the window save page and model once; later keys change
 // nothing. (SIGTERM: ProgramProcess.)
 TEST_F(WindowTest, EscapeAndClosingTheWindowSaveTheSettings) {
