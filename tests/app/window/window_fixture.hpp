@@ -57,7 +57,6 @@ class WindowTest : public ::testing::Test {
 
     MainWindow& window() { return m_program->window(); }
     AppState& state() { return m_program->state(); }
-    CommandDispatcher& commands() { return m_program->commands(); }
     std::filesystem::path user_dir() const { return m_dir.path() / "Programm"; }
     std::string field_text(StatusField field);
     // The page state as "first month, cursor, columns, model": "2026-11 2026-11-23 6 0".

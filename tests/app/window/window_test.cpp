@@ -121,20 +121,27 @@ TEST_F(WindowTest, ColumnsThatDoNotFitTheScreenAreRefused) {
     }
 }
 
-TEST_F(WindowTest, FontTooLargeForTheScreenIsRefusedAndTheOldOneKept) {
+// S: a font too large for the screen is refused with a message and the old
+// one kept; a smaller one is taken, and the page and the status fields
+// follow its cell.
+TEST_F(WindowTest, FontFromKeySIsCheckedAgainstTheScreen) {
     start(date(2026, 11, 23), ScreenSize{1400, 900});
-    const view::FontSpec before = state().renderer.font();
-    EXPECT_FALSE(commands().try_font(view::FontSpec{"DejaVu Sans", 40, 0}));
-    ASSERT_EQ(m_messages.size(), 1u);
-    EXPECT_EQ(m_messages[0].title, "Fehler");
-    EXPECT_EQ(m_messages[0].text, "Der gewählte Zeichensatz war für den Bildschirm zu groß!");
-    EXPECT_EQ(state().renderer.font(), before);
+    std::string font = "DejaVu Sans 40";
+    answer<Gtk::FontChooserDialog>([&](auto& d) {
+        d.set_font(font);
+        d.response(Gtk::RESPONSE_OK);
+    });
+    key("s");
+    ASSERT_EQ(m_messages.size(), 2u);
+    EXPECT_EQ(m_messages[1].title, "Fehler");
+    EXPECT_EQ(m_messages[1].text, "Der gewählte Zeichensatz war für den Bildschirm zu groß!");
+    EXPECT_EQ(state().renderer.font().size, 10);
     EXPECT_EQ(state().session.settings.font_size, 10);
 
-    EXPECT_TRUE(commands().try_font(view::FontSpec{"DejaVu Sans", 8, 1}));
+    font = "DejaVu Sans Bold 8";
+    key("s");
     EXPECT_EQ(state().session.settings.font_size, 8);
     EXPECT_EQ(state().session.settings.font_style, 1);
-    // The page and the status fields follow the smaller cell.
     const view::CellSize cell = state().renderer.cell();
     EXPECT_EQ(window().page_view().page()->cell.height, cell.height);
     EXPECT_LE(window().status_lines().field(StatusField::Hours).get_allocated_width(),
@@ -169,24 +176,17 @@ TEST_F(WindowTest, NotesWindowsAndTheStatusLines) {
     EXPECT_TRUE(field_text(StatusField::Day).starts_with("Donnerstag, 10.12.2026"));
 }
 
-// Escape and closing the window save page and model once; later keys change
-// nothing. (SIGTERM: ProgramProcess.)
-TEST_F(WindowTest, EscapeAndClosingTheWindowSaveTheSettings) {
-    for (const bool escape : {true, false}) {
-        SCOPED_TRACE(escape ? "Escape" : "closing");
-        std::filesystem::remove(user_dir() / "Einstellungen.dat");
-        start(date(2026, 11, 23));
-        key("KP_Add n");
-        if (escape)
-            key("Escape");
-        else
-            window().close();
-        EXPECT_TRUE(wait_until([&] { return !window().get_visible(); }));
-        EXPECT_EQ(saved_settings().columns, 7);
-        EXPECT_EQ(saved_settings().model, 3);
-        key("KP_Add");
-        EXPECT_EQ(state().page.columns, 7);
-    }
+// Closing the window saves page and model once; later keys change nothing.
+// (Escape and SIGTERM: ProgramProcess.)
+TEST_F(WindowTest, ClosingTheWindowSavesTheSettings) {
+    start(date(2026, 11, 23));
+    key("KP_Add n");
+    window().close();
+    EXPECT_TRUE(wait_until([&] { return !window().get_visible(); }));
+    EXPECT_EQ(saved_settings().columns, 7);
+    EXPECT_EQ(saved_settings().model, 3);
+    key("KP_Add");
+    EXPECT_EQ(state().page.columns, 7);
 }
 
 // Each button issues its command (windows it opens are cancelled) and is
