@@ -79,7 +79,7 @@ TEST(ProgramProcess, SavedOnEscapeAndOnSigtermAndTheClipboardIsTheRenderCommands
         {"Escape", R"SH(xdotool key ctrl+p; focus '^Drucken$'; xdotool key Escape; gone '^Drucken$'
 focus '^Quorvel Schichtkalender'; xdotool key v Right Down z
 focus '^Information$'; xdotool key Return; gone '^Information$'
-xclip -selection clipboard -t image/png -o > "$dir/clip.png"
+timeout 30 xclip -selection clipboard -t image/png -o > "$dir/clip.png"
 quit
 )SH",
          6},

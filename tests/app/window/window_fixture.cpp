@@ -198,6 +198,7 @@ sk::test::CommandResult run_session(const std::filesystem::path& dir, const std:
     const std::string prelude = "set -euo pipefail\nprog='" + sk::test::program() + "'\ndir='" +
                                 dir.string() + "'\n" + R"SH(pid=''
 trap '[ -z "$pid" ] || kill -9 "$pid" 2>/dev/null || true' EXIT
+trap 'exit 124' TERM
 fail() { echo "$*" >&2; exit 1; }
 until_ok() {
   local what=$1 end=$((SECONDS + 30))
@@ -229,7 +230,10 @@ quit() { focus '^Quorvel Schichtkalender'; xdotool key Escape; ended; }
     const std::filesystem::path script = dir / "session.sh";
     sk::test::write_bytes(script, prelude + steps);
     // The bound of the whole script, should a step hang in spite of its own.
-    return sk::test::run_command("timeout -k 5 120 " + shell + " '" + script.string() + "'");
+    sk::test::CommandResult r =
+        sk::test::run_command("timeout -k 5 120 " + shell + " '" + script.string() + "'");
+    if (r.status == 124) r.err += "\nDas Skript lief länger als 120 s und wurde abgebrochen.";
+    return r;
 }
 
 int differing_pixels(const Glib::RefPtr<Gdk::Pixbuf>& a, const Glib::RefPtr<Gdk::Pixbuf>& b) {
