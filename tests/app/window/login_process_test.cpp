@@ -37,11 +37,19 @@ page_of() {
 }
 )SH";
 
-// Each user's settings survive the other's, the page is drawn anew with
-// them, and the password is written nowhere, in neither character set.
+// A new user who writes nothing gets a private directory with the settings
+// file; a refused name changes nothing; each user's settings survive the
+// other's, the page is drawn anew with them, and the password is written
+// nowhere, in neither character set.
 TEST(LoginProcess, EachUserKeepsTheSettingsAndThePageFollows) {
     sk::test::TempDir dir;
     const auto r = run_session(dir.path(), kLogin + R"SH(start
+login Cleo 'Geh€im'
+focus '^Quorvel Schichtkalender'; xdotool key a; focus '^Anmelden$'
+xdotool key ctrl+a; xdotool type --delay 10 'a/b'; xdotool key Return
+shown '^Anmelden$' || fail 'Der Name a/b wurde angenommen'
+xdotool key Escape; gone '^Anmelden$'
+shown '^Quorvel Schichtkalender  - Benutzername: Cleo$' || fail 'Titel nach a/b'
 login Anna 'Geh€im'
 settings alt+m Return  # "Mondphasen anzeigen"
 has_line "$dir/SKDaten/Anna/Einstellungen.dat" 'Mondphasen anzeigen = 1'
@@ -61,6 +69,9 @@ quit
     EXPECT_EQ(anna.week_numbers_shown, 1);
     EXPECT_EQ(bernd.moon_phases_shown, 0);
     EXPECT_EQ(bernd.week_numbers_shown, 0);
+    EXPECT_TRUE(fs::is_regular_file(dir / "SKDaten" / "Cleo" / "Einstellungen.dat"));
+    EXPECT_EQ(fs::status(dir / "SKDaten" / "Cleo").permissions(), fs::perms::owner_all);
+    EXPECT_FALSE(fs::exists(dir / "SKDaten" / "a"));
     for (const auto& e : fs::recursive_directory_iterator(dir / "SKDaten"))
         if (e.is_regular_file()) {
             EXPECT_EQ(sk::test::read_bytes(e.path()).find("Geh"), std::string::npos) << e.path();

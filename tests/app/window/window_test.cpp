@@ -22,9 +22,11 @@ Glib::RefPtr<Gdk::Pixbuf> pixbuf_of(cairo_surface_t* image) {
 struct KeyCase {
     const char* keys;  // key sequences separated by commas, each giving the page
     const char* page;  // first month, cursor, columns, model
+    calendar::Day today = date(2026, 11, 23);
 };
 
-// Each key sequence from a fresh start on Monday 23.11.2026: six columns
+// Each key sequence from a fresh start on Monday 23.11.2026 (unless the row
+// says otherwise): six columns
 // from November, model 0, a note on the 24th (so that cursor moves repaint
 // a highlighted row too). The page, the status lines and the block button
 // follow at once; cursor moves repaint two rows only, yet the image must be
@@ -51,13 +53,16 @@ TEST_F(WindowTest, KeysReachTheirCommandsAndThePageFollows) {
         {"c", "2026-11 2026-11-23 6 7"},
         {"x", "2026-11 2026-11-23 6 5"},
         {"n n,Control+n Control+m", "2026-11 2026-11-23 6 0"},  // Ctrl: no model keys
+        // Day 31 becomes the 28th on a page move; July 2037 is the last page.
+        {"F3", "2027-01 2027-01-28 6 0", date(2026, 12, 31)},
+        {"F4,F7,F3 F3", "2037-07 2037-07-28 6 0", date(2037, 7, 31)},
     };
     write_daily(date(2026, 11, 24), "Notiz");
     for (const KeyCase& c : cases) {
         std::istringstream sequences(c.keys);
         for (std::string keys; std::getline(sequences, keys, ',');) {
             SCOPED_TRACE(keys);
-            start(date(2026, 11, 23));
+            start(c.today);
             key(keys);
             EXPECT_EQ(page(), c.page);
             const calendar::PageState& p = state().page;
