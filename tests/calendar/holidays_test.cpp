@@ -14,10 +14,7 @@
 namespace sk::calendar {
 namespace {
 
-// Calendar month 1..12, as dates are written.
-Day date(int year, int month, int mday) {
-    return Day::from_date(year, month - 1, mday);
-}
+using test::date;
 
 // The "anonymous Gregorian algorithm" (Meeus), independent of Gauss's rule;
 // returns month and day.
