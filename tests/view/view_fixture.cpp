@@ -23,10 +23,6 @@ namespace sk::view::test {
 
 FontSpec test_font() { return {"DejaVu Sans", 8, 0}; }
 
-calendar::Day date(int year, int month, int mday) {
-    return calendar::Day::from_date(year, month - 1, mday);
-}
-
 PageRequest request(int year, int month, int columns, int model) {
     PageRequest r;
     r.first_year = year;
