@@ -42,12 +42,8 @@ const std::vector<GoldenNote> kGolden = {
      [](const NoteStore& s) { return s.read_weekday(10222); }},
 };
 
-std::set<std::string> files_in(const std::filesystem::path& dir) {
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(dir))
-        names.insert(entry.path().filename());
-    return names;
-}
+using test::date;
+using test::files_in;
 
 // One line per indexed key, as "daily 20240215" or "periodic 19797.14".
 std::string describe(const NoteIndex& index) {
@@ -101,8 +97,6 @@ TEST(NoteCipher, Cases) {
         EXPECT_EQ(encipher_note(c.text, c.password), c.written) << c.text;
     }
 }
-
-Day date(int year, int month, int mday) { return Day::from_date(year, month - 1, mday); }
 
 const std::string kBar = "\u00A0|\u00A0";
 
