@@ -148,27 +148,6 @@ TEST(HoursAccount, WhatAMarkingCounts) {
     }
 }
 
-// With the block as minus hours, each block day on which the home crew is on
-// vacation instead of working takes 8 hours (12 on a Sunday) unless paid for the
-// early shift: its working days and standby Tuesday to Friday in its own sub-block.
-TEST(HoursAccount, VacationBlockAsMinusHours) {
-    const calendar::VacationBlock block = calendar::vacation_block(2024, kPlan.order, kPlan.earliest);
-    for (int crew = 0; crew < 5; ++crew) {
-        double expected = 0;
-        for (DayNumber d = block.start; d < block.start + 140; ++d) {
-            const int weekday = calendar::weekday_monday0(d);
-            const bool away = is_working(code_of(crew, d)) || (code_of(crew, d) == 0 && weekday >= 1 && weekday <= 4);
-            if (block.crew_on_vacation(d) == crew && away && !is_paid_holiday(Day::from_number(d), 1))
-                expected += weekday == 6 ? 12 : 8;
-        }
-        AccountState state = for_crew(crew);
-        state.hours.block_as_minus = true;
-        EXPECT_GT(expected, 100);
-        EXPECT_EQ(hours_balance({}, state, kPlan, kToday).hours, -expected) << "crew " << crew;
-        EXPECT_EQ(hours_change({}, state, PlanContext{.model = 2}, kToday).block_minus, 0);
-    }
-}
-
 TEST(HoursAccount, BalanceTextAndColour) {
     constexpr calendar::Rgb kBlack, kDarkRed{160, 0, 0}, kDarkGreen{0, 160, 0};
     // start, mode, text, colour

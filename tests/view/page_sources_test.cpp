@@ -128,6 +128,7 @@ TEST(SessionPage, KeysYAndFMoveTheBlockOnThePageAndInTheAccounts) {
         EXPECT_GT(hours, 0);
         EXPECT_EQ(marks::hours_change({}, state, session::plan_context(s), today).block_minus,
                   hours);
+        EXPECT_EQ(marks::hours_balance({}, state, session::plan_context(s), today).hours, -hours);
         return first;
     };
     // Order row of 2024 (year mod 5 = 4): 2 3 4 0 1, rotated once by the file.
