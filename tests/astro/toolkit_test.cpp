@@ -1,5 +1,4 @@
-// The times of a day and the rules behind their texts: the fractional part,
-// summer time by whole days and for event times, clock times, the twilight
+// The times of a day and the rules behind their texts: summer time by whole days and for event times, clock times, the twilight
 // kind, typed coordinates and time zones; rise and set against the real sky.
 #include "astro/toolkit.hpp"
 
@@ -19,11 +18,6 @@ namespace sk::astro {
 namespace {
 
 using test::date;
-
-TEST(AstroToolkit, FractionalPart) {
-    for (const auto& [x, fraction] : {std::pair{1.25, 0.25}, {-1.25, 0.75}, {-2.0, 0.0}})
-        EXPECT_DOUBLE_EQ(frac(x), fraction) << x;
-}
 
 // Whole days: from the last Sunday of March to the Saturday before the last
 // Sunday of October, the change line on those Sundays only. In 2024 the 31st
