@@ -1,4 +1,5 @@
-// The times of a day and the rules behind their texts: summer time by whole days and for event times, clock times, the twilight
+// The times of a day and the rules behind their texts: the fractional part,
+// summer time by whole days and for event times, clock times, the twilight
 // kind, typed coordinates and time zones; rise and set against the real sky.
 #include "astro/toolkit.hpp"
 
@@ -74,8 +75,10 @@ TEST(AstroToolkit, EventTimeText) {
     }
 }
 
-// Hours and minutes, 59.5 minutes and more rounding up; no time at all.
-TEST(AstroRiseSet, ClockTimeText) {
+// Hours and minutes, 59.5 minutes and more rounding up; no time at all. The
+// fractional part of a negative number counts up from the integer below.
+TEST(AstroRiseSet, ClockTimeTextAndFractionalPart) {
+    EXPECT_EQ(std::tuple(frac(1.25), frac(-1.25), frac(-2.0)), std::tuple(0.25, 0.75, 0.0));
     const std::tuple<int, double, const char*> cases[] = {
         {6, 5.0, "6:05"},  {5, 59.7, "6:00"}, {7, 42.4, "7:42"},
         {0, 30.0, "0:30"}, {0, 0.0, "--:--"},
