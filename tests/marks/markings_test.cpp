@@ -214,15 +214,11 @@ TEST(ShiftMarkingRules, ColumnChooserAndPreselection) {
     EXPECT_EQ(heading_label(0, 4).substr(1), column_labels(MarkingKind::A)[3]);
     EXPECT_EQ(heading_label(6, 2).substr(1), column_labels(MarkingKind::B)[1]);
 
+    const std::optional<int> none;  // an unmarked day; a foreign file's codes
     const std::tuple<MarkingKind, std::optional<int>, std::optional<int>> cases[] = {
-        {MarkingKind::A, std::nullopt, std::nullopt},  // unmarked day
-        {MarkingKind::A, 0, 0},
-        {MarkingKind::A, 5, 5},
-        {MarkingKind::A, 6, std::nullopt},  // a foreign file's codes
-        {MarkingKind::A, -1, std::nullopt},
-        {MarkingKind::B, 7, 7},
-        {MarkingKind::B, 8, std::nullopt},
-    };
+        {MarkingKind::A, none, none}, {MarkingKind::A, 0, 0}, {MarkingKind::A, 5, 5},
+        {MarkingKind::A, 6, none},    {MarkingKind::A, -1, none}, {MarkingKind::B, 7, 7},
+        {MarkingKind::B, 8, none}};
     for (const auto& [kind, code, preselected] : cases) {
         const ShiftMarking marking{100, 1, static_cast<std::int8_t>(code.value_or(0))};
         EXPECT_EQ(preselected_code(kind, code ? &marking : nullptr), preselected)
