@@ -1,5 +1,6 @@
-// The computed geometry of pages: rows per month, week numbers, page sizes,
-// the font check, and what each day row carries.
+// The computed geometry of pages: rows per month, page sizes, the font
+// check, and what each day row carries where the golden pages cannot tell
+// (week numbers, red days, free days, today and the cursor: golden_test.cpp).
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -88,59 +89,6 @@ TEST_F(PageLayoutTest, OneRowPerDayOfEachMonth) {
     }
 }
 
-// April 2024 begins on a Monday (week 14, shown once), May 2024 on a
-// Wednesday (week 18).
-TEST_F(PageLayoutTest, WeekNumbersOnMondaysAndFirstsOnly) {
-    const auto week_texts = [&](const PageLayout& page, const calendar::Day& day) {
-        std::vector<const TextItem*> found;
-        for (const TextItem* t : texts_in(page, cell_of(page, day).row))
-            if (t->colour == Rgb{40, 80, 150}) found.push_back(t);
-        return found;
-    };
-    PageRequest r = test::request(2024, 4, 2, 0);
-    const PageLayout l = layout(r);
-    for (const DayCell& d : l.days) {
-        const bool shown = d.day.weekday() == 1 || d.day.mday == 1;
-        ASSERT_EQ(week_texts(l, d.day).size(), shown ? 1u : 0u) << calendar::format_iso_date(d.day);
-        EXPECT_EQ(d.week_number, shown ? std::optional(calendar::week_number(d.day)) : std::nullopt)
-            << calendar::format_iso_date(d.day);
-    }
-    EXPECT_EQ(week_texts(l, date(2024, 4, 1))[0]->text, "14");
-    EXPECT_EQ(week_texts(l, date(2024, 5, 1))[0]->text, "18");
-    r.options.week_numbers = false;
-    for (const DayCell& d : layout(r).days) EXPECT_FALSE(d.week_number) << calendar::format_iso_date(d.day);
-}
-
-// Day number and weekday in red on Sundays and statutory holidays, each
-// drawn once; a band behind red days and Saturdays.
-TEST_F(PageLayoutTest, RedDaysAndBands) {
-    struct Case { calendar::Day day; bool red; const char* why; };
-    const Case cases[] = {
-        {date(2024, 12, 1), true, "Sunday"},
-        {date(2024, 12, 25), true, "Christmas, a Wednesday"},
-        {date(2024, 12, 24), false, "Christmas Eve is no statutory holiday"},
-        {date(2024, 12, 7), false, "Saturday"},
-        {date(2024, 12, 9), false, "Monday"},
-        {date(2024, 3, 31), true, "Easter Sunday, a Sunday and a holiday"},
-    };
-    for (const Case& c : cases) {
-        const PageLayout l = layout(test::request(c.day.year, c.day.month_index + 1, 1, 0));
-        const DayCell& d = cell_of(l, c.day);
-        EXPECT_EQ(d.red, c.red) << c.why;
-        const auto texts = texts_in(l, d.row);
-        ASSERT_GE(texts.size(), 2u);
-        const Rgb ink = c.red ? Rgb{255, 0, 0} : Rgb{0, 0, 0};
-        EXPECT_EQ(std::tie(texts[0]->text, texts[0]->colour, texts[1]->text, texts[1]->colour),
-                  std::tuple(std::to_string(c.day.mday), ink,
-                             std::string(calendar::weekday_name(c.day.number).substr(0, 2)), ink))
-            << c.why;
-        EXPECT_EQ(std::count_if(texts.begin(), texts.end(),
-                                [&](const TextItem* t) { return t->text == texts[0]->text; }),
-                  1) << c.why;
-        EXPECT_EQ(count_boxes(l, Layer::Band, d.row), c.red || c.day.weekday() == 6 ? 1 : 0) << c.why;
-    }
-}
-
 // The school holidays' stripe (Easter holidays from 25 March) and the block's
 // vacation cells only while their options are on.
 TEST_F(PageLayoutTest, StripeAndVacationCellsOnlyWhenShown) {
@@ -165,17 +113,6 @@ TEST_F(PageLayoutTest, StripeAndVacationCellsOnlyWhenShown) {
     EXPECT_EQ(away(), 30);
     block.options.vacation_block = false;
     EXPECT_EQ(away(), 0);
-}
-
-TEST_F(PageLayoutTest, FreeDaysLeaveTheShiftCellsWithoutColour) {
-    const PageLayout l = layout(test::request(2024, 12, 1, 0));
-    for (const auto& [mday, free] : {std::pair{25, true}, {26, true}, {24, false}, {27, false}}) {
-        const DayCell& d = cell_of(l, date(2024, 12, mday));
-        EXPECT_EQ(d.free_day, free) << mday;
-        Rect shifts = d.shifts[0].rect;
-        shifts.w = d.shifts[static_cast<std::size_t>(d.crews - 1)].rect.right() - shifts.x;
-        EXPECT_EQ(count_boxes(l, Layer::Cell, shifts) == 0, free) << mday;
-    }
 }
 
 // Models 6 and 7 mark the page column A..D, the others the crew on the
@@ -236,21 +173,6 @@ TEST_F(PageLayoutTest, ExtrasAreDrawnOnlyWithTheirOptions) {
     EXPECT_EQ(perigee_letters(moon), "");
     r.options.distances = true;
     EXPECT_EQ(perigee_letters(layout(r, counted)), "N");
-}
-
-// Overlays on the cursor's and today's rows and the legend's two samples;
-// only the legend's "heute" when neither is on the page.
-TEST_F(PageLayoutTest, TodayAndCursor) {
-    PageRequest r = test::request(2024, 3, 2, 0);
-    r.today = date(2024, 4, 9);
-    r.cursor = date(2024, 3, 20);
-    const PageLayout l = layout(r);
-    ASSERT_EQ(l.overlays.size(), 4u);
-    EXPECT_EQ(l.overlays[0].rect.y, cell_of(l, date(2024, 3, 20)).row.y);
-    EXPECT_EQ(l.overlays[1].rect.y, cell_of(l, date(2024, 4, 9)).row.y);
-    r.today = date(2024, 6, 1);
-    r.cursor = date(2024, 6, 2);
-    EXPECT_EQ(layout(r).overlays.size(), 1u);
 }
 
 // The plan names the school holidays of its months, those of the school
