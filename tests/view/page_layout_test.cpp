@@ -73,46 +73,20 @@ TEST(FontCheck, ScreenMustBeStrictlyLarger) {
     }
 }
 
-TEST_F(PageLayoutTest, OneRowPerDayOfEachMonth) {
-    struct Case { int year, month, rows; };
-    for (const Case c : {Case{2023, 2, 28}, Case{2024, 2, 29}, Case{2024, 4, 30}, Case{2024, 5, 31}}) {
-        const PageLayout l = layout(test::request(c.year, c.month, 1, 0));
-        ASSERT_EQ(l.months.size(), 1u);
-        EXPECT_EQ(l.months[0].day_count, c.rows) << c.year << "-" << c.month;
-        ASSERT_EQ(static_cast<int>(l.days.size()), c.rows);
-        EXPECT_EQ(l.days.back().day, date(c.year, c.month, c.rows));  // rows adjoin: hit_test_test
-        // The rows below the last day stay empty (up to the plan's footnotes).
-        const double last = l.days.back().row.bottom();
-        for (const Box& b : l.layer(Layer::Band)) EXPECT_LE(b.rect.bottom(), last);
-        for (const Box& b : l.layer(Layer::Cell))
-            if (b.rect.x < l.months[0].area.right()) { EXPECT_LE(b.rect.bottom(), last); }
-    }
-}
-
-// The school holidays' stripe (Easter holidays from 25 March) and the block's
-// vacation cells only while their options are on.
+// With their options off, no school holidays' stripe (Easter holidays from 25
+// March) and no vacation cells of the block (over June 2024); the golden pages
+// show them on.
 TEST_F(PageLayoutTest, StripeAndVacationCellsOnlyWhenShown) {
     PageRequest r = test::request(2024, 3, 1, 0);
-    const PageLayout shown = layout(r);
-    EXPECT_EQ(count_boxes(shown, Layer::Stripe, shown.months[0].area), 7);  // 25..31 March
-    EXPECT_EQ(count_boxes(shown, Layer::Stripe, cell_of(shown, date(2024, 3, 25)).row), 1);
-    EXPECT_EQ(count_boxes(shown, Layer::Stripe, cell_of(shown, date(2024, 3, 24)).row), 0);
     r.options.school_holidays = false;
     const PageLayout hidden = layout(r);
     EXPECT_TRUE(hidden.layer(Layer::Stripe).empty());
     EXPECT_FALSE(cell_of(hidden, date(2024, 3, 25)).school_holiday);
-
-    PageRequest block = test::request(2024, 6, 1, 1);  // June 2024 lies in the block
-    const auto away = [&] {
-        int cells = 0;
-        for (const DayCell& d : layout(block).days)
-            for (const ShiftCell& s : d.shifts)
-                cells += s.kind == CellKind::Vacation || s.kind == CellKind::VacationOff;
-        return cells;
-    };
-    EXPECT_EQ(away(), 30);
+    PageRequest block = test::request(2024, 6, 1, 1);
     block.options.vacation_block = false;
-    EXPECT_EQ(away(), 0);
+    for (const DayCell& d : layout(block).days)
+        for (const ShiftCell& s : d.shifts)
+            EXPECT_TRUE(s.kind != CellKind::Vacation && s.kind != CellKind::VacationOff);
 }
 
 // Models 6 and 7 mark the page column A..D, the others the crew on the
