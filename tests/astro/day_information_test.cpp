@@ -31,13 +31,9 @@ std::string labels_of(const std::string& line) {
     }
 }
 
-TEST(AstroDayInformation, OrdinaryDayText) {
-    EXPECT_EQ(day_information(date(2024, 1, 2), test::kRodenwald),
-              "Dämmerung: 7:29 - 17:03,\u00A0Sonne: 8:06 - 16:25,\u00A0Mond: 23:13 - 11:26");
-}
-
 // The fixed order of the parts: twilight, sun, moon, then season, clock
-// change, moon phase, eclipse, apogee, perigee, aphelion, perihelion.
+// change, moon phase, eclipse, apogee, perigee, aphelion, perihelion (the
+// whole text of ordinary days: the golden days of the command line).
 TEST(AstroDayInformation, PartsInTheirOrder) {
     const std::pair<calendar::Day, std::string> cases[] = {
         {date(2024, 3, 20), "Dämmerung|Sonne|Mond|Frühlingsanfang"},
