@@ -34,6 +34,21 @@ TEST(PageSources, SkyOfAnotherRangeIsComputedAnew) {
     EXPECT_TRUE(first[10].solar_eclipse);
 }
 
+TEST(PageSources, MarkingsOfTheUsersLists) {
+    marks::CalendarMarkings bars;
+    bars.items = {{date(2024, 3, 1).number, date(2024, 3, 10).number, Rgb{239, 194, 161}}};
+    const auto colour = marking_source(bars);
+    EXPECT_EQ(colour(date(2024, 2, 29).number), std::nullopt);
+    EXPECT_EQ(colour(date(2024, 3, 1).number), (Rgb{239, 194, 161}));
+    marks::ShiftMarkings shifts;
+    shifts.items = {{date(2024, 3, 5).number, 2, marks::kind_a::kSick}};
+    const auto mark = shift_marking_source(shifts);
+    const std::optional<ShiftMark> sick = mark(date(2024, 3, 5).number);
+    ASSERT_TRUE(sick);
+    EXPECT_EQ(std::pair(sick->column, sick->code), std::pair(2, int{marks::kind_a::kSick}));
+    EXPECT_FALSE(mark(date(2024, 3, 6).number));
+}
+
 // Each display flag of the settings switches its own option of the page and
 // no other; columns, model and target hours come along.
 TEST(SessionPage, SettingsReachTheRequest) {
