@@ -54,9 +54,10 @@ TEST(AstroDayInformation, PartsInTheirOrder) {
 TEST(AstroDayInformation, TwilightOfThePlace) {
     const calendar::Day day = date(2024, 1, 21);
     std::string later = "Dämmerung: 9";
-    for (const auto& [twilight, kind] : {std::pair{Twilight::Civil, RiseSetKind::CivilTwilight},
-                                         {Twilight::Nautical, RiseSetKind::NauticalTwilight},
-                                         {Twilight::Astronomical, RiseSetKind::AstronomicalTwilight}}) {
+    for (const auto& [twilight, kind] :
+         {std::pair{Twilight::Civil, RiseSetKind::CivilTwilight},
+          {Twilight::Nautical, RiseSetKind::NauticalTwilight},
+          {Twilight::Astronomical, RiseSetKind::AstronomicalTwilight}}) {
         Place place = test::kRodenwald;
         place.twilight = twilight;
         const std::string line = day_events(day, place).twilight;

@@ -41,7 +41,8 @@ TEST(AccountsCommand, PrintsTheUsersAccounts) {
               "Monat\tRot\tBlau\tGelb\tGrün\tBraun\n");
     std::istringstream lines(text);
     std::string names;  // the first field of each line
-    for (std::string line; std::getline(lines, line);) names += line.substr(0, line.find('\t')) + ",";
+    for (std::string line; std::getline(lines, line);)
+        names += line.substr(0, line.find('\t')) + ",";
     EXPECT_EQ(names.substr(names.find("Januar")),
               "Januar,Februar,März,April,Mai,Juni,Juli,August,September,Oktober,November,Dezember,"
               "Summe,Soll,");

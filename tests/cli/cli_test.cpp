@@ -65,10 +65,13 @@ TEST(Cli, BadArgumentsEndWithOneLineAndStatusTwo) {
     test::TempDir dir;
     const char* month = "kein gültiger Monat für --month";
     const std::pair<std::string, const char*> cases[] = {
-        {"days --from 2024-02-30 --to 2024-03-01", ""}, {"days --from 1969-12-31 --to 1970-01-02", ""},
-        {"days --from 2037-07-01 --to 2037-08-01", ""}, {"days --from 2024-03-01 --to 2024-02-01", ""},
-        {"days --model 8", ""}, {"days --model x", ""}, {"days --from", ""}, {"days --to 2024-1-1", ""},
-        {"days --colour red", ""}, {"days extra", ""}, {"days --user ../x", ""}, {"days --user ''", ""},
+        {"days --from 2024-02-30 --to 2024-03-01", ""},
+        {"days --from 1969-12-31 --to 1970-01-02", ""},
+        {"days --from 2037-07-01 --to 2037-08-01", ""},
+        {"days --from 2024-03-01 --to 2024-02-01", ""},
+        {"days --model 8", ""}, {"days --model x", ""}, {"days --from", ""},
+        {"days --to 2024-1-1", ""}, {"days --colour red", ""}, {"days extra", ""},
+        {"days --user ../x", ""}, {"days --user ''", ""},
         {"days --password 'Pass\u2013wort'", ""},  // a character not in ISO-8859-15
         {"holidays", ""}, {"holidays 1969", ""}, {"holidays 2024 2025", ""},
         {"school-holidays zwanzig", ""}, {"accounts --model=8", ""},
@@ -84,7 +87,8 @@ TEST(Cli, BadArgumentsEndWithOneLineAndStatusTwo) {
         {"ics --crew 1 --from 2024-01-01 --to 2024-01-02 --out ''", ""},
         {"ics --crew 1 --from 2024-01-01 --to 2024-01-02 --with-notes --password 'Pass\u2013wort'",
          ""},
-        {"csv --from 2024-01-01 --to 2024-01-02 --crew 1", ""}, {"csv --from 2024-01-01 --to x", ""},
+        {"csv --from 2024-01-01 --to 2024-01-02 --crew 1", ""},
+        {"csv --from 2024-01-01 --to x", ""},
         {"next", ""}, {"next --crew 0", ""}, {"next --crew 1 --days 0", ""},
         {"next --crew 1 --days 1001", ""}, {"next --crew 1 --format xml", ""},
         {"next --crew 1 --today 2037-08-01", ""}, {"next --crew 1 heute", ""},
@@ -133,7 +137,8 @@ TEST(Cli, DaysShowsTheNotesOfEachDayOnOneLine) {
     std::vector<std::string> notes;  // the last column of each row
     for (std::string line; std::getline(out, line);)
         notes.push_back(line.substr(line.rfind('\t') + 1));
-    EXPECT_EQ(notes, (std::vector<std::string>{"notes", "", "Arzt\\r\\num 10\\tProbe \\\\ Noten", ""}));
+    EXPECT_EQ(notes,
+              (std::vector<std::string>{"notes", "", "Arzt\\r\\num 10\\tProbe \\\\ Noten", ""}));
 }
 
 // Commands only read: in a directory without "SKDaten" they create nothing,

@@ -203,7 +203,8 @@ TEST(Ics, AMarkingReplacesThePlannedShift) {
         {1, 3, marks::kind_a::kWorked, crew_with(1, 3), "Arbeitseinsatz", "Nachtschicht", 8 * 3600},
         {1, 4, marks::kind_a::kCourse, crew_with(1, 0), "Lehrgang", "Verfügungswoche", 0},
         {7, 2, marks::kind_b::kNight, 1, "Nachtschicht", "Spätschicht", 8 * 3600},
-        {7, 3, marks::kind_b::kPaidAbsence, 2, "Ausfallbezahlung, kurzer Wechsel", "Frühschicht", 0},
+        {7, 3, marks::kind_b::kPaidAbsence, 2, "Ausfallbezahlung, kurzer Wechsel", "Frühschicht",
+         0},
     };
     for (const Case& c : cases) {
         marks::ShiftMarkings markings;

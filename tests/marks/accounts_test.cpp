@@ -254,7 +254,8 @@ TEST(YearlyHours, TableValuesAndText) {
     EXPECT_EQ(yearly_hours(PlanContext{.model = 6}, 2024).crews, 0);
 
     const YearlyHoursText text = yearly_hours_text(five);
-    EXPECT_EQ(text.headings, (std::vector<std::string>{"Monat", "Rot", "Blau", "Gelb", "Grün", "Braun"}));
+    EXPECT_EQ(text.headings,
+              (std::vector<std::string>{"Monat", "Rot", "Blau", "Gelb", "Grün", "Braun"}));
     EXPECT_EQ(yearly_hours_text(three).headings.back(), "Gelb");
     ASSERT_EQ(text.rows.size(), 14u);
     EXPECT_EQ(text.rows[0][0] + " " + text.rows[0][1], "Januar 168,00");

@@ -173,8 +173,9 @@ TEST_F(NoteStoreTest, ScanSortsAndEmptyTextDeletes) {
                              "1.jnt", "11254.wmt", "10222.wmt"})
         test::write_bytes(dir / name, "x");
     store.scan_all();
-    EXPECT_EQ(describe(store.index()), "daily 20231131\ndaily 20240115\ndaily 20240116\n"
-                                       "periodic 19797.14\nyearly 1\nweekday 10222\nweekday 11254\n");
+    EXPECT_EQ(describe(store.index()),
+              "daily 20231131\ndaily 20240115\ndaily 20240116\n"
+              "periodic 19797.14\nyearly 1\nweekday 10222\nweekday 11254\n");
     EXPECT_EQ(store.write_daily(20240116, ""), std::nullopt);
     EXPECT_EQ(store.write_daily(20240116, ""), std::nullopt);  // nothing to delete is no error
     EXPECT_FALSE(files_in(dir.path()).contains("20240116.txt"));

@@ -52,7 +52,8 @@ protected:
     Days on_disk(bool bars) const {
         Days days;
         if (bars)
-            for (const auto& m : marks::load_calendar_markings(s.user_dir).items) days.insert(m.start);
+            for (const auto& m : marks::load_calendar_markings(s.user_dir).items)
+                days.insert(m.start);
         else
             for (const auto& m : marks::load_shift_markings(s.user_dir).items) days.insert(m.day);
         return days;

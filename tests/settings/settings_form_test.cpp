@@ -153,7 +153,8 @@ TEST(SettingsForm, SavedFormIsTheWritersFile) {
     ASSERT_TRUE(saved);
     const std::string file = *serialize_settings(*saved);
     for (const char* line :
-         {"Schulferien anzeigen = 0\n", "Mondphasen anzeigen = 1\n", "Perihel und Aphel anzeigen = 1\n",
+         {"Schulferien anzeigen = 0\n", "Mondphasen anzeigen = 1\n",
+          "Perihel und Aphel anzeigen = 1\n",
           "Breite = 50.2000000000000028421709430404007434844970703125\n",
           "Länge = -11.5299999999999993605115378159098327159881591796875\n", "Zeitzone = 1.5\n",
           "Sommerzeit automatisch = 0\n", "Dämmerung = 2\n", "Sollstunden_38 = 1990.5\n",
