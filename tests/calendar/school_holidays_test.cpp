@@ -16,9 +16,7 @@
 namespace sk::calendar {
 namespace {
 
-Day date(int year, int month, int mday) {
-    return Day::from_date(year, month - 1, mday);
-}
+using test::date;
 
 // A table entry year × 10000 + month × 100 + day as a Day.
 Day entry_day(std::int32_t entry) {

@@ -127,42 +127,6 @@ TEST(ExportCommands, FilesWrittenWithOutEqualStandardOutput) {
     EXPECT_NE(text.find("SUMMARY:Zahnarzt\\, 8 Uhr\r\n"), std::string::npos) << text;
 }
 
-TEST(ExportCommands, BadArgumentsEndWithOneLineAndStatusTwo) {
-    const std::string cases[] = {
-        "ics --from 2024-01-01 --to 2024-01-31",  // no crew
-        "ics --crew 6 --from 2024-01-01 --to 2024-01-31",
-        "ics --crew 4 --model 2 --from 2024-01-01 --to 2024-01-31",
-        "ics --crew E --model 6 --from 2024-01-01 --to 2024-01-31",
-        "ics --crew 1 --model 6 --from 2024-01-01 --to 2024-01-31",
-        "ics --crew 1 --from 2024-01-01",
-        "ics --crew 1 --to 2024-01-01",
-        "ics --crew 1 --from 2024-02-01 --to 2024-01-01",
-        "ics --crew 1 --from 2037-07-01 --to 2037-08-01",
-        "ics --crew 1 --from 2024-01-01 --to 2024-01-02 --times=ja",
-        "ics --crew 1 --from 2024-01-01 --to 2024-01-02 --out ''",
-        "ics --crew 1 --from 2024-01-01 --to 2024-01-02 --with-notes --password 'Pass\u2013wort'",
-        "csv --from 2024-01-01",
-        "csv --from 2024-01-01 --to 2024-01-02 --crew 1",
-        "csv --from 2024-01-01 --to x",
-        "next",
-        "next --crew 0",
-        "next --crew 1 --days 0",
-        "next --crew 1 --days 1001",
-        "next --crew 1 --format xml",
-        "next --crew 1 --today 2037-08-01",
-        "next --crew 1 heute"};
-    for (const std::string& args : cases) {
-        const auto r = run(args);
-        EXPECT_EQ(r.status, 2) << args;
-        EXPECT_TRUE(r.out.empty()) << args << "\n" << r.out;
-        EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << args << "\n" << r.err;
-        EXPECT_EQ(r.err.rfind("schichtkalender " + args.substr(0, args.find(' ')) + ": ", 0), 0u)
-            << r.err;
-    }
-    EXPECT_NE(run("ics --crew 6 --from 2024-01-01 --to 2024-01-31").err.find("(erlaubt: 1 bis 5)"),
-              std::string::npos);
-}
-
 // A second, independent reader: Python's icalendar package from Debian,
 // when it is installed. It counts the events, the nights of 7 and 9 hours of
 // every crew's year by its own zone data, and the whole days.

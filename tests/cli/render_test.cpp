@@ -1,5 +1,5 @@
-// "schichtkalender render" as a user calls it: PNG and PDF files, and the
-// German messages with exit status 2 for bad options.
+// "schichtkalender render" as a user calls it: PNG and PDF files of the
+// user's page (the bad options are in cli_test.cpp).
 #include <cairo.h>
 #include <gtest/gtest.h>
 
@@ -66,37 +66,6 @@ TEST(RenderCommand, WritesALandscapePdfPage) {
         EXPECT_NE(bytes.find(c.media_box), std::string::npos) << c.paper;
         EXPECT_NE(bytes.find("/Count 1"), std::string::npos);  // one page
     }
-}
-
-TEST(RenderCommand, BadOptionsEndWithAGermanMessage) {
-    test::TempDir dir;
-    const std::string out = "--out '" + (dir / "x.png").string() + "' ";
-    struct Case { std::string arguments; const char* message; };
-    const char* month = "kein gültiger Monat für --month";
-    const char* font = "keine gültige Schrift für --font";
-    const Case cases[] = {
-        {"", "die Ausgabedatei fehlt"},
-        {"--out seite.jpg", "muss auf .png oder .pdf enden"},
-        {out + "--month 2024-13", month}, {out + "--month 1969-12", month},
-        {out + "--month 2037-08", month}, {out + "--month 2024-5", month},
-        {out + "--columns 0", "kein gültiger Wert für --columns"},
-        {out + "--columns 24", "kein gültiger Wert für --columns"},
-        {out + "--model 8", "kein gültiger Wert für --model"},
-        {out + "--font DejaVu", font}, {out + "--font 'DejaVu Sans 200'", font},
-        {out + "--paper A3", "--paper gilt nur für PDF-Dateien"},
-        {"--out x.pdf --paper A5", "kein gültiges Papierformat"},
-        {out + "--month 2024-05 --columns 2 --cursor 2024-07-01", "liegt nicht auf der Seite"},
-        {out + "--cursor 2024-02-30", "kein gültiges Datum für --cursor"},
-        {out + "--farbe rot", "unbekannte Option --farbe"},
-        {out + "extra", "unerwartetes Argument \"extra\""},
-    };
-    for (const Case& c : cases) {
-        const auto result = render(c.arguments);
-        EXPECT_EQ(result.status, 2) << c.arguments;
-        EXPECT_NE(result.err.find(c.message), std::string::npos) << c.arguments << "\n" << result.err;
-        EXPECT_EQ(result.err.rfind("schichtkalender render: ", 0), 0u) << result.err;
-    }
-    EXPECT_FALSE(std::filesystem::exists(dir / "x.png"));
 }
 
 TEST(RenderCommand, UnwritableFileFailsWithStatusOne) {

@@ -9,17 +9,12 @@
 namespace sk::exporting {
 namespace {
 
-using calendar::Day;
-
-Day date(int y, int m, int d) {
-    return Day::from_date(y, m - 1, d);
-}
+using test::date;
 
 TEST(ExportRequest, DefaultsFollowThePageAndTheHomeCrew) {
     struct Case {
-        int model, year, month, columns, home_crew;
-        int crew;
-        Day first, last;
+        int model, year, month, columns, home_crew, crew;
+        calendar::Day first, last;
     };
     const Case cases[] = {
         {1, 2026, 3, 6, 4, 4, date(2026, 3, 1), date(2026, 8, 31)},
@@ -29,37 +24,24 @@ TEST(ExportRequest, DefaultsFollowThePageAndTheHomeCrew) {
         {7, 2037, 7, 6, 0, 0, date(2037, 7, 1), date(2037, 7, 31)},    // the calendar's end
     };
     for (const Case& c : cases) {
-        calendar::PageState page;
-        page.model = c.model;
-        page.year = c.year;
-        page.month_index = c.month - 1;
-        page.columns = c.columns;
-        page.cursor = date(c.year, c.month, 1);
-        const ExportRequest r = default_export_request(page, c.home_crew);
-        const ExportRequest expected{
-            ExportFormat::ICalendar, c.crew, c.first, c.last, false, false};
-        EXPECT_EQ(r, expected) << "model " << c.model;
+        const calendar::PageState page{c.year, c.month - 1, date(c.year, c.month, 1), c.columns,
+                                       c.model};
+        EXPECT_EQ(default_export_request(page, c.home_crew),
+                  (ExportRequest{ExportFormat::ICalendar, c.crew, c.first, c.last, false, false}))
+            << "model " << c.model;
     }
 }
 
 TEST(ExportRequest, SuggestedFileNames) {
-    struct Case {
-        int model;
-        ExportFormat format;
-        int crew;
-        Day first, last;
-        const char* name;
-    };
-    const Case cases[] = {
+    const std::tuple<int, ExportFormat, int, calendar::Day, calendar::Day, const char*> cases[] = {
         {1, ExportFormat::ICalendar, 0, date(2026, 1, 1), date(2026, 12, 31), "Schicht-1-2026.ics"},
         {6, ExportFormat::ICalendar, 3, date(2025, 11, 1), date(2026, 4, 30),
          "Schicht-D-2025-2026.ics"},
         {7, ExportFormat::Csv, 3, date(2026, 3, 1), date(2026, 8, 31), "Schichtplan-2026.csv"},
         {0, ExportFormat::Csv, 0, date(2036, 9, 1), date(2037, 7, 31), "Schichtplan-2036-2037.csv"},
     };
-    for (const Case& c : cases) {
-        EXPECT_EQ(export_file_name(c.model, {c.format, c.crew, c.first, c.last}), c.name);
-    }
+    for (const auto& [model, format, crew, first, last, name] : cases)
+        EXPECT_EQ(export_file_name(model, {format, crew, first, last}), name);
 }
 
 }  // namespace

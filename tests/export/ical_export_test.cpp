@@ -7,11 +7,11 @@
 #include <gtest/gtest.h>
 #include <libical/ical.h>
 
+#include <algorithm>
 #include <map>
 #include <set>
 
 #include "calendar/holidays.hpp"
-#include "calendar/vacation.hpp"
 #include "files/text_encoding.hpp"
 #include "test_support.hpp"
 
@@ -69,38 +69,25 @@ std::string ics(const ExportSource& source, int crew, const char* from, const ch
     return t.text;
 }
 
-// The core's codes say which days a crew has a duty and what it is called.
-TEST(Ics, OneAllDayEventPerDutyDayOfTheCoreWithAnExclusiveEnd) {
+// One all-day event with an exclusive end per duty of every crew in every
+// model (that the duties are what the page draws, the command line's duties
+// test checks).
+TEST(Ics, OneAllDayEventPerDutyWithAnExclusiveEnd) {
+    const calendar::DayNumber first = calendar::day_number(2024, 0, 1);
+    const calendar::DayNumber last = calendar::day_number(2024, 11, 31);
     for (int model = 0; model < 8; ++model) {
-        const calendar::VacationBlock block =
-            calendar::vacation_block(2024, calendar::kVacationOrder, {});
-        const bool exchange = calendar::has_vacation_block(model);
         for (int crew = 0; crew < calendar::kShiftModels[static_cast<std::size_t>(model)].crews;
              ++crew) {
-            std::map<int, std::string> expected;  // day number -> summary
-            for (int d = calendar::day_number(2024, 0, 1); d <= calendar::day_number(2024, 11, 31);
-                 ++d) {
-                const int code = calendar::crew_shifts(model, d, exchange ? &block : nullptr)
-                                     .code[static_cast<std::size_t>(crew)];
-                const bool away = block.crew_on_vacation(d) == crew && exchange;
-                if (calendar::is_working(static_cast<calendar::ShiftCode>(code))) {
-                    if (!calendar::is_free_day(Day::from_number(d), model == 2 ? 3 : 1))
-                        expected[d] = code == 1   ? "Frühschicht"
-                                      : code == 2 ? "Spätschicht"
-                                                  : "Nachtschicht";
-                } else if (code == 5 || (code == 0 && away)) {
-                    expected[d] = "Urlaub (Block)";
-                } else if (code == 0 && model != 2) {
-                    expected[d] = "Verfügungswoche";
-                }
-            }
-            std::map<int, std::string> got;
+            std::map<int, std::string> expected, got;  // day number -> summary
+            for (const Duty& duty : crew_duties(plan(model), crew, first, last))
+                expected[duty.day.number] = duty.summary;
             for (const Event& e : parse(ics(plan(model), crew, "2024-01-01", "2024-12-31"))) {
                 ASSERT_TRUE(e.start.is_date && e.end.is_date) << e.uid;
                 EXPECT_EQ(date_of(e.end).number, date_of(e.start).number + 1) << e.uid;
                 got[date_of(e.start).number] = e.summary;
             }
             EXPECT_EQ(got, expected) << "model " << model << " crew " << crew;
+            EXPECT_GT(got.size(), 200u);
         }
     }
 }
@@ -197,58 +184,42 @@ TEST(Ics, UidsAreStableAcrossExportsAndUniqueWithinOne) {
     EXPECT_NE(later.find("DTSTAMP:20231114T221320Z\r\n"), std::string::npos);
 }
 
-// A marking goes to the crew the page draws it on and replaces its shift.
+// A marking replaces the planned shift of the crew the page draws it on
+// (which crew that is, the command line's duties test checks): its label,
+// its hours or the whole day, and the planned shift in the description.
 TEST(Ics, AMarkingReplacesThePlannedShift) {
     const Day day = *calendar::parse_iso_date("2024-01-10");  // a Wednesday outside the block
     const auto crew_with = [&](int model, int code) {
         const calendar::CrewShifts s = calendar::crew_shifts(model, day.number);
-        for (int c = 0; c < s.count; ++c)
-            if (s.code[static_cast<std::size_t>(c)] == code) return c;
-        return -1;
+        return static_cast<int>(std::find(s.code.begin(), s.code.end(), code) - s.code.begin());
     };
     struct Case {
         int model, column, code, crew;
-        std::string summary;
+        std::string summary, planned;
         long long seconds;  // 0: all-day
     };
     const Case cases[] = {
-        {1, 1, marks::kind_a::kSick, crew_with(1, 1), "Krank", 0},
-        {1, 3, marks::kind_a::kWorked, crew_with(1, 3), "Arbeitseinsatz", 8 * 3600},
-        {1, 4, marks::kind_a::kCourse, crew_with(1, 0), "Lehrgang", 0},
-        {7, 2, marks::kind_b::kNight, 1, "Nachtschicht", 8 * 3600},
-        {7, 3, marks::kind_b::kPaidAbsence, 2, "Ausfallbezahlung, kurzer Wechsel", 0},
+        {1, 1, marks::kind_a::kSick, crew_with(1, 1), "Krank", "Frühschicht", 0},
+        {1, 3, marks::kind_a::kWorked, crew_with(1, 3), "Arbeitseinsatz", "Nachtschicht", 8 * 3600},
+        {1, 4, marks::kind_a::kCourse, crew_with(1, 0), "Lehrgang", "Verfügungswoche", 0},
+        {7, 2, marks::kind_b::kNight, 1, "Nachtschicht", "Spätschicht", 8 * 3600},
+        {7, 3, marks::kind_b::kPaidAbsence, 2, "Ausfallbezahlung, kurzer Wechsel", "Frühschicht",
+         0},
     };
     for (const Case& c : cases) {
-        ASSERT_GE(c.crew, 0);
         marks::ShiftMarkings markings;
         markings.items = {
             {day.number, static_cast<std::int8_t>(c.column), static_cast<std::int8_t>(c.code)}};
-        for (int crew = 0; crew < calendar::kShiftModels[static_cast<std::size_t>(c.model)].crews;
-             ++crew) {
-            const auto plain = parse(ics(plan(c.model), crew, "2024-01-10", "2024-01-10", true));
-            const auto marked =
-                parse(ics(plan(c.model, &markings), crew, "2024-01-10", "2024-01-10", true));
-            if (crew != c.crew) {
-                ASSERT_EQ(marked.size(), plain.size());
-                if (!plain.empty()) {
-                    EXPECT_EQ(marked[0].summary, plain[0].summary);
-                }
-                continue;
-            }
-            ASSERT_EQ(marked.size(), 1u) << c.summary;
-            EXPECT_EQ(marked[0].uid, "20240110-schicht-" + calendar::crew_label(c.model, crew) +
-                                         "@schichtkalender");
-            EXPECT_EQ(marked[0].summary, c.summary);
-            EXPECT_EQ(marked[0].seconds, c.seconds) << c.summary;
-            EXPECT_EQ(marked[0].start.is_date, c.seconds == 0) << c.summary;
-            const bool replaced = !plain.empty() && plain[0].summary != c.summary;
-            EXPECT_EQ(marked[0].description, replaced ? "Geplant: " + plain[0].summary : "")
-                << c.summary;
-        }
-        // Kind A: the crew holding the marked shift had it planned.
-        if (c.model == 1) {
-            EXPECT_EQ(parse(ics(plan(1), c.crew, "2024-01-10", "2024-01-10")).size(), 1u);
-        }
+        const auto marked =
+            parse(ics(plan(c.model, &markings), c.crew, "2024-01-10", "2024-01-10", true));
+        ASSERT_EQ(marked.size(), 1u) << c.summary;
+        EXPECT_EQ(marked[0].uid, "20240110-schicht-" + calendar::crew_label(c.model, c.crew) +
+                                     "@schichtkalender");
+        EXPECT_EQ(marked[0].summary, c.summary);
+        EXPECT_EQ(marked[0].seconds, c.seconds) << c.summary;
+        EXPECT_EQ(marked[0].start.is_date, c.seconds == 0) << c.summary;
+        EXPECT_EQ(marked[0].description, c.planned.empty() ? "" : "Geplant: " + c.planned)
+            << c.summary;
     }
 }
 

@@ -11,28 +11,21 @@ using hours_mode::kDecimal;
 using hours_mode::kHoursMinutes;
 
 TEST(AccountEntry, HoursField) {
+    const std::optional<float> none;
     const std::tuple<const char*, int, std::optional<float>, bool> cases[] = {
         // text, mode, stored value, with a hint
-        {"7,5", kDecimal, 7.5f, false},
-        {" -12.25 ", kDecimal, -12.25f, false},
-        {"700", kDecimal, 600.0f, true},
-        {"-600,01", kDecimal, -600.0f, true},
-        {"600", kDecimal, 600.0f, false},
-        {"7:30", kDecimal, std::nullopt, true},
-        {"nan", kDecimal, std::nullopt, true},
-        {"inf", kDecimal, std::nullopt, true},
-        {"1e3", kDecimal, std::nullopt, true},
-        {"", kDecimal, std::nullopt, true},
-        {"7:30", kHoursMinutes, 7.30f, false},
-        {"7,30", kHoursMinutes, 7.30f, false},
-        {"-0:05", kHoursMinutes, -0.05f, false},
-        {"+8", kHoursMinutes, 8.0f, false},
-        {"700:00", kHoursMinutes, 600.0f, true},
-        {"7:60", kHoursMinutes, std::nullopt, true},
-        {"7:5", kHoursMinutes, std::nullopt, true},
-        {"7:300", kHoursMinutes, std::nullopt, true},
-        {":30", kHoursMinutes, std::nullopt, true},
-        {"7:3a", kHoursMinutes, std::nullopt, true},
+        {"7,5", kDecimal, 7.5f, false},       {" -12.25 ", kDecimal, -12.25f, false},
+        {"+3", kDecimal, 3.0f, false},        {"600", kDecimal, 600.0f, false},
+        {"700", kDecimal, 600.0f, true},      {"-600,01", kDecimal, -600.0f, true},
+        {"7:30", kDecimal, none, true},       {"nan", kDecimal, none, true},
+        {"inf", kDecimal, none, true},        {"1e3", kDecimal, none, true},
+        {"", kDecimal, none, true},           {"7,5h", kDecimal, none, true},
+        {"1,2,3", kDecimal, none, true},      {"7:30", kHoursMinutes, 7.30f, false},
+        {"7,30", kHoursMinutes, 7.30f, false}, {"-0:05", kHoursMinutes, -0.05f, false},
+        {"+8", kHoursMinutes, 8.0f, false},   {"700:00", kHoursMinutes, 600.0f, true},
+        {"7:60", kHoursMinutes, none, true},  {"7:5", kHoursMinutes, none, true},
+        {"7:300", kHoursMinutes, none, true}, {":30", kHoursMinutes, none, true},
+        {"7:3a", kHoursMinutes, none, true},
     };
     for (const auto& [text, mode, value, hint] : cases) {
         const HoursEntry entry = check_hours_entry(text, mode);

@@ -137,27 +137,6 @@ TEST(CalendarMarkingRules, Deleting) {
     EXPECT_EQ(m.items, (std::vector<CalendarMarking>{{400, 410, {4}}}));
 }
 
-TEST(ShiftMarkingRules, WhichDaysMayBeMarked) {
-    const Day sunday = Day::from_date(2024, 5, 16);
-    const Day monday = Day::from_date(2024, 5, 17);
-    const std::tuple<int, Day, int, bool> cases[] = {  // model, day, column, allowed
-        {0, monday, 3, true},  {0, sunday, 2, true},  {0, sunday, 3, false}, {1, sunday, 3, false},
-        {2, sunday, 3, true},  {0, monday, 4, false}, {2, monday, 4, false}, {0, monday, 0, false},
-        {6, monday, 5, false}, {0, Day::from_number(calendar::kLastDay + 1), 1, false},
-        {0, Day::from_number(-1), 1, false},
-    };
-    for (const auto& [model, day, column, allowed] : cases)
-        EXPECT_EQ(may_mark_day(model, day, column), allowed)
-            << "model " << model << " " << calendar::format_iso_date(day) << " column " << column;
-    // In the four-crew models a column is a crew's: each can be marked on a Sunday, nights too.
-    for (const int model : {6, 7})
-        for (int column = 1; column <= 4; ++column) {
-            EXPECT_EQ(column_shift(model, sunday.number, column),
-                      calendar::crew_shifts(model, sunday.number).code[column - 1]);
-            EXPECT_TRUE(may_mark_day(model, sunday, column)) << model << " " << column;
-        }
-}
-
 TEST(ShiftMarkingRules, DialogKeysPickCodesByPosition) {
     const std::u32string keys = U"XFULKA\x7Fu";
     const int codes[] = {0, 1, 2, 3, 4, 5, 6, 2};
@@ -180,40 +159,47 @@ TEST(ShiftMarkingRules, RefusalsSayWhy) {
     const Day sunday = Day::from_date(2024, 5, 16);
     const Day monday = Day::from_date(2024, 5, 17);
     const Day after = Day::from_number(calendar::kLastDay + 1);
+    using R = MarkRefusal;
     const std::tuple<int, Day, int, MarkRefusal, const char*> cases[] = {
-        {0, monday, 1, MarkRefusal::None, ""},
-        {0, after, 1, MarkRefusal::OutsideCalendar,
+        {0, monday, 1, R::None, ""},
+        {0, sunday, 2, R::None, ""},
+        {0, after, 1, R::OutsideCalendar,
          "Der 01.08.2037 liegt außerhalb des Kalenders (01.01.1970 bis 31.07.2037) und kann nicht "
          "markiert werden."},
-        {0, monday, 5, MarkRefusal::NoSuchColumn,
+        {0, Day::from_number(-1), 1, R::OutsideCalendar, "Der 31.12.1969"},
+        {0, monday, 5, R::NoSuchColumn,
          "Die Schichtspalte 5 gibt es nicht; markiert werden die Spalten 1 bis 4."},
-        {1, monday, 4, MarkRefusal::Standby,
+        {0, monday, 0, R::NoSuchColumn, "Die Schichtspalte 0"},
+        {6, monday, 5, R::NoSuchColumn, ""},
+        {1, monday, 4, R::Standby,
          "Die Verfügung kann nicht markiert werden, nur die Früh-, Spät- und Nachtschicht (Tasten "
          "1, 2 und 3)."},
-        {2, monday, 4, MarkRefusal::Standby, "Die Verfügung"},
-        {5, sunday, 3, MarkRefusal::SundayNight,
+        {2, monday, 4, R::Standby, "Die Verfügung"},
+        {5, sunday, 3, R::SundayNight,
          "Der 16.06.2024 ist ein Sonntag: an einem Sonntag kann die Nachtschicht nicht markiert "
          "werden."},
-        {2, sunday, 3, MarkRefusal::None, ""},
-        {6, sunday, 3, MarkRefusal::None, ""},
+        {2, sunday, 3, R::None, ""},
+        {6, sunday, 3, R::None, ""},
     };
     for (const auto& [model, day, column, refusal, message] : cases) {
         EXPECT_EQ(mark_refusal(model, day, column), refusal) << model << " " << column;
+        EXPECT_EQ(may_mark_day(model, day, column), refusal == R::None) << model << " " << column;
         const std::string text = refusal_message(refusal, model, day, column);
         EXPECT_NE(text.find(message), std::string::npos) << text;
-        EXPECT_EQ(text.empty(), refusal == MarkRefusal::None) << text;
+        EXPECT_EQ(text.empty(), refusal == R::None) << text;
     }
     // A standby week of a four-crew column (only a changed pattern could give one).
-    EXPECT_EQ(refusal_message(MarkRefusal::Standby, 7, monday, 2),
+    EXPECT_EQ(refusal_message(R::Standby, 7, monday, 2),
               "Schicht B hat am 17.06.2024 Verfügungswoche und kann an diesem Tag nicht markiert "
               "werden.");
 
     for (DayNumber d = calendar::kFirstDay; d <= calendar::kLastDay; ++d) {
         const Day day = Day::from_number(d);
         for (int column = 1; column <= 4; ++column) {
-            const bool sunday_night = mark_refusal(1, day, column) == MarkRefusal::SundayNight;
+            const bool sunday_night = mark_refusal(1, day, column) == R::SundayNight;
             ASSERT_EQ(sunday_night, day.is_sunday() && column == 3) << d;
-            ASSERT_EQ(mark_refusal(7, day, column), MarkRefusal::None) << d;
+            ASSERT_EQ(mark_refusal(6, day, column), R::None) << d;
+            ASSERT_EQ(mark_refusal(7, day, column), R::None) << d;
         }
     }
 }
@@ -228,15 +214,11 @@ TEST(ShiftMarkingRules, ColumnChooserAndPreselection) {
     EXPECT_EQ(heading_label(0, 4).substr(1), column_labels(MarkingKind::A)[3]);
     EXPECT_EQ(heading_label(6, 2).substr(1), column_labels(MarkingKind::B)[1]);
 
+    const std::optional<int> none;  // an unmarked day; a foreign file's codes
     const std::tuple<MarkingKind, std::optional<int>, std::optional<int>> cases[] = {
-        {MarkingKind::A, std::nullopt, std::nullopt},  // unmarked day
-        {MarkingKind::A, 0, 0},
-        {MarkingKind::A, 5, 5},
-        {MarkingKind::A, 6, std::nullopt},  // a foreign file's codes
-        {MarkingKind::A, -1, std::nullopt},
-        {MarkingKind::B, 7, 7},
-        {MarkingKind::B, 8, std::nullopt},
-    };
+        {MarkingKind::A, none, none}, {MarkingKind::A, 0, 0}, {MarkingKind::A, 5, 5},
+        {MarkingKind::A, 6, none},    {MarkingKind::A, -1, none}, {MarkingKind::B, 7, 7},
+        {MarkingKind::B, 8, none}};
     for (const auto& [kind, code, preselected] : cases) {
         const ShiftMarking marking{100, 1, static_cast<std::int8_t>(code.value_or(0))};
         EXPECT_EQ(preselected_code(kind, code ? &marking : nullptr), preselected)

@@ -45,6 +45,25 @@ void write_bytes(const std::filesystem::path& file, std::string_view bytes) {
     out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
 }
 
+std::set<std::string> files_in(const std::filesystem::path& dir) {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(dir))
+        names.insert(entry.path().filename());
+    return names;
+}
+
+std::map<std::string, std::string> tree(const std::filesystem::path& root) {
+    std::map<std::string, std::string> files;
+    for (const auto& e : std::filesystem::recursive_directory_iterator(root))
+        files[e.path().lexically_relative(root).string()] =
+            e.is_directory() ? "<dir>" : read_bytes(e.path());
+    return files;
+}
+
+calendar::Day date(int year, int month, int mday) {
+    return calendar::Day::from_date(year, month - 1, mday);
+}
+
 std::filesystem::path source_path(std::string_view relative) {
     return std::filesystem::path(SK_TEST_DATA_DIR) / relative;
 }

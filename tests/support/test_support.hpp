@@ -4,7 +4,9 @@
 
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <ostream>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -29,6 +31,14 @@ private:
 
 std::string read_bytes(const std::filesystem::path& file);
 void write_bytes(const std::filesystem::path& file, std::string_view bytes);
+
+// The names in a directory; every entry below `root` (relative path) with its
+// bytes, "<dir>" for a directory, to see what a step changed on disk.
+std::set<std::string> files_in(const std::filesystem::path& dir);
+std::map<std::string, std::string> tree(const std::filesystem::path& root);
+
+// A day as written on a calendar: month 1..12.
+calendar::Day date(int year, int month, int mday);
 
 // Path of a file below tests/ in the source tree.
 std::filesystem::path source_path(std::string_view relative);

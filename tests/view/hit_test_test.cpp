@@ -16,11 +16,8 @@ namespace sk::view {
 namespace {
 
 class HitTest : public ::testing::Test {
-  protected:
-    PageLayout layout(const PageRequest& r, const PageExtras& e = {}) {
-        return m_renderer.layout(r, e);
-    }
-    PageRenderer m_renderer{test::test_font()};
+protected:
+    PageRenderer renderer{test::test_font()};
 };
 
 // The day under a pixel as text, "-" for no day.
@@ -35,21 +32,20 @@ std::string day_under(const PageLayout& l, double x, double y) {
 // belong to no crew. Title, month header, legend and outside: nothing.
 TEST_F(HitTest, EveryEdgeBelongsToOneCell) {
     for (const int model : {0, 2, 5, 6}) {
-        const PageLayout l = layout(test::request(2024, 1, 3, model));
+        const PageLayout l = renderer.layout(test::request(2024, 1, 3, model), {});
         for (const DayCell& d : l.days) {
             const Rect& r = d.row;
-            const calendar::Day above = calendar::Day::from_number(d.day.number - 1);
-            const calendar::Day below = calendar::Day::from_number(d.day.number + 1);
-            const std::string self = calendar::format_iso_date(d.day);
-            SCOPED_TRACE(self + " model " + std::to_string(model));
-            EXPECT_EQ(day_under(l, r.x, r.y), self);
-            EXPECT_EQ(day_under(l, r.right() - 1, r.bottom() - 1), self);
-            EXPECT_EQ(day_under(l, r.x - 1, r.y), "-");
-            EXPECT_EQ(day_under(l, r.right(), r.y), "-");
-            EXPECT_EQ(day_under(l, r.x, r.y - 1),
-                      d.day.mday > 1 ? calendar::format_iso_date(above) : "-");
+            const auto iso = [](calendar::DayNumber n) {
+                return calendar::format_iso_date(calendar::Day::from_number(n));
+            };
+            const calendar::DayNumber n = d.day.number;
+            SCOPED_TRACE(iso(n) + " model " + std::to_string(model));
+            EXPECT_EQ(day_under(l, r.x, r.y) + day_under(l, r.right() - 1, r.bottom() - 1),
+                      iso(n) + iso(n));
+            EXPECT_EQ(day_under(l, r.x - 1, r.y) + day_under(l, r.right(), r.y), "--");
+            EXPECT_EQ(day_under(l, r.x, r.y - 1), d.day.mday > 1 ? iso(n - 1) : "-");
             EXPECT_EQ(day_under(l, r.x, r.bottom()),
-                      below.mday > 1 ? calendar::format_iso_date(below) : "-");
+                      calendar::Day::from_number(n + 1).mday > 1 ? iso(n + 1) : "-");
             EXPECT_EQ(hit_test(l, r.x, r.y).month_column, d.column);
             for (int c = 0; c < d.crews; ++c) {
                 const Rect& s = d.shifts[static_cast<std::size_t>(c)].rect;
@@ -100,7 +96,7 @@ TEST_F(HitTest, MarkingColumns) {
         for (int k = 1; k <= (model == 6 ? 4 : 3); ++k) {
             PageExtras e;
             e.shift_marking = [k](calendar::DayNumber) { return std::optional(ShiftMark{k, 1}); };
-            for (const DayCell& d : layout(test::request(2024, 4, 7, model), e).days) {
+            for (const DayCell& d : renderer.layout(test::request(2024, 4, 7, model), e).days) {
                 std::multiset<int> columns, marked;
                 for (int crew = 0; crew < d.crews; ++crew) {
                     const ShiftCell& cell = d.shifts[static_cast<std::size_t>(crew)];

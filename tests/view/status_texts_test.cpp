@@ -45,37 +45,25 @@ TEST(StatusTexts, DayLineNamesTheDayAndTheProgramState) {
         EXPECT_EQ(day_status(c.day, c.state), c.expected) << c.expected;
 }
 
-TEST(StatusTexts, NotesOfTheDayInOneLine) {
+// The notes in one line: line ends and tabs become blanks.
+TEST(StatusTexts, NotesAndAccountFields) {
     test::TempDir dir;
-    notes::NoteStore store(dir.path(), "");
-    const Day day = Day::from_date(2026, 10, 23);
-    EXPECT_EQ(notes_status(store, day), "");
-    store.write_daily(notes::date_key(day), "Frühdienst\r\ntauschen");
-    EXPECT_EQ(notes_status(store, day), "Frühdienst tauschen");
-    store.write_yearly(notes::day_key(day), "<1980>. Geburtstag");
-    EXPECT_EQ(notes_status(store, day), "Frühdienst tauschen\u00A0|\u00A046. Geburtstag");
-    EXPECT_EQ(notes_status(store, Day::from_date(2027, 10, 23)), "47. Geburtstag");
-}
-
-TEST(StatusTexts, AccountFieldsOnlyInModelsWithAccounts) {
-    test::TempDir dir;
-    session::OpenRequest request;
-    request.data_root = dir.path();
-    session::OpenResult opened = session::open_session(request);
+    session::OpenResult opened = session::open_session({.data_root = dir.path()});
     ASSERT_TRUE(opened.session) << opened.error;
     session::Session& s = *opened.session;
     const Day day = Day::from_date(2026, 10, 23);
-    for (int model = 0; model < 8; ++model) {
+    EXPECT_EQ(notes_status(s.notes, day), "");
+    s.notes.write_daily(notes::date_key(day), "Frühdienst\r\ntauschen\tB");
+    s.notes.write_yearly(notes::day_key(day), "<1980>. Geburtstag");
+    EXPECT_EQ(notes_status(s.notes, day), "Frühdienst tauschen B\u00A0|\u00A046. Geburtstag");
+    // Models 6 and 7 keep no accounts.
+    for (const int model : {5, 6}) {
         s.settings.model = model;
         const StatusTexts texts = status_texts(s, day, day);
-        EXPECT_EQ(texts.hours.empty(), model >= 6) << model;
-        EXPECT_EQ(texts.vacation.empty(), model >= 6) << model;
-        if (model < 6) {
-            EXPECT_EQ(texts.hours, "   0,00") << model;
-            EXPECT_EQ(texts.vacation, "  0") << model;
-        }
-        EXPECT_NE(texts.astronomy.find("Sonne:"), std::string::npos) << texts.astronomy;
-        EXPECT_NE(texts.day.find("Montag, 23.11.2026"), std::string::npos) << texts.day;
+        EXPECT_EQ(texts.hours + "|" + texts.vacation, model == 5 ? "   0,00|  0" : "|") << model;
+        EXPECT_EQ(texts.notes, notes_status(s.notes, day));
+        EXPECT_EQ(texts.astronomy.find("Dämmerung: "), 0u) << texts.astronomy;
+        EXPECT_EQ(texts.day.find("Montag, 23.11.2026"), 0u) << texts.day;
     }
 }
 

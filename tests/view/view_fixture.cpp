@@ -23,10 +23,6 @@ namespace sk::view::test {
 
 FontSpec test_font() { return {"DejaVu Sans", 8, 0}; }
 
-calendar::Day date(int year, int month, int mday) {
-    return calendar::Day::from_date(year, month - 1, mday);
-}
-
 PageRequest request(int year, int month, int columns, int model) {
     PageRequest r;
     r.first_year = year;
@@ -57,24 +53,16 @@ PageExtras sample_extras() {
     e.sky = [](calendar::DayNumber first, calendar::DayNumber last) {
         // Spring 2024; the full moon of 25 March carries a lunar eclipse here.
         using M = MoonPhase;
-        const std::tuple<int, int, DaySymbols> spring[] = {
-            // month, day, sky
-            {3, 3, {.phase = M::LastQuarter}},
-            {3, 10, {.phase = M::NewMoon, .perigee = true}},
-            {3, 17, {.phase = M::FirstQuarter}},
-            {3, 23, {.apogee = true}},
+        const std::tuple<int, int, DaySymbols> spring[] = {  // month, day, sky
+            {3, 3, {.phase = M::LastQuarter}},  {3, 10, {.phase = M::NewMoon, .perigee = true}},
+            {3, 17, {.phase = M::FirstQuarter}}, {3, 23, {.apogee = true}},
             {3, 25, {.phase = M::FullMoon, .lunar_eclipse = true}},
-            {4, 2, {.phase = M::LastQuarter}},
-            {4, 7, {.perigee = true}},
+            {4, 2, {.phase = M::LastQuarter}},  {4, 7, {.perigee = true}},
             {4, 8, {.phase = M::NewMoon, .solar_eclipse = true}},
-            {4, 15, {.phase = M::FirstQuarter}},
-            {4, 20, {.apogee = true}},
-            {4, 23, {.phase = M::FullMoon}},
-            {5, 1, {.phase = M::LastQuarter}},
-            {5, 5, {.perigee = true}},
-            {5, 8, {.phase = M::NewMoon}},
-            {5, 15, {.phase = M::FirstQuarter}},
-            {5, 17, {.apogee = true}},
+            {4, 15, {.phase = M::FirstQuarter}}, {4, 20, {.apogee = true}},
+            {4, 23, {.phase = M::FullMoon}},    {5, 1, {.phase = M::LastQuarter}},
+            {5, 5, {.perigee = true}},          {5, 8, {.phase = M::NewMoon}},
+            {5, 15, {.phase = M::FirstQuarter}}, {5, 17, {.apogee = true}},
             {5, 23, {.phase = M::FullMoon}},
             {5, 30, {.phase = M::LastQuarter, .aphelion = true}},
         };

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "calendar/dates.hpp"
+#include "test_support.hpp"
 #include "view/page_input.hpp"
 #include "view/page_output.hpp"
 
@@ -16,7 +17,7 @@ namespace sk::view::test {
 // DejaVu Sans 8: small pages, small golden files.
 FontSpec test_font();
 
-calendar::Day date(int year, int month, int mday);  // month 1..12
+using sk::test::date;  // month 1..12
 
 // A page request with the default options (week numbers, school holidays,
 // vacation block), no cursor, today outside the page.
