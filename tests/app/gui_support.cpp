@@ -12,10 +12,6 @@ view::CellSize cell() {
     return measured;
 }
 
-view::CellSize large_cell() {
-    return {cell().width * 2, cell().height * 2};
-}
-
 Gtk::Window& parent_window() {
     static Gtk::Window* window = [] {
         auto* w = new Gtk::Window();  // lives as long as the test program
@@ -95,6 +91,12 @@ void type_text(Gtk::Widget& widget, const Glib::ustring& text) {
         send_key(widget, gdk_unicode_to_keyval(c));
 }
 
+void retype(Gtk::Entry& entry, const Glib::ustring& text) {
+    entry.grab_focus();
+    entry.select_region(0, -1);
+    type_text(entry, text);
+}
+
 int run_dialog(Gtk::Dialog& dialog, const std::function<void()>& action) {
     bool timed_out = false;
     bool done = false;
@@ -128,63 +130,99 @@ std::string accessible_name(Gtk::Widget& widget) {
     return accessible ? accessible->get_name().raw() : std::string();
 }
 
-}  // namespace sk::app::test
-
-namespace sk::app::test {
-
-Gtk::Window* shown_window(const Glib::ustring& title) {
-    for (Gtk::Window* window : Gtk::Window::list_toplevels())
-        if (window->get_mapped() && window->get_title() == title) return window;
-    return nullptr;
+std::string message_text(Gtk::Window& window) {
+    auto* box = dynamic_cast<Gtk::MessageDialog*>(&window);
+    return box ? box->property_text().get_value().raw() : std::string();
 }
 
-DialogAnswerer::DialogAnswerer(const Glib::ustring& title, int response, int times)
-    : m_title(title), m_response(response), m_times(times) {
+DialogAnswerer::DialogAnswerer(const Glib::ustring& title, int response, int times) {
     m_poll = Glib::signal_timeout().connect(
-        [this] {
-            auto* dialog = dynamic_cast<Gtk::Dialog*>(shown_window(m_title));
-            if (!dialog) return true;
-            auto* message = dynamic_cast<Gtk::MessageDialog*>(dialog);
-            m_texts.push_back(message ? message->property_text().get_value().raw() : "");
-            dialog->response(m_response);
-            return count() < m_times;
+        [this, title, response, times] {
+            for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
+                auto* dialog = dynamic_cast<Gtk::Dialog*>(window);
+                if (!dialog || !dialog->get_mapped() || dialog->get_title() != title) continue;
+                m_texts.push_back(message_text(*dialog));
+                dialog->response(response);
+                break;
+            }
+            return count() < times;
         },
         5);
 }
 
-DialogAnswerer::~DialogAnswerer() {
+DialogScript::DialogScript(std::vector<ScriptStep> steps)
+    : m_steps(std::move(steps)), m_progress(std::chrono::steady_clock::now()) {
+    m_poll = Glib::signal_timeout().connect(sigc::mem_fun(*this, &DialogScript::poll), 5);
+}
+
+DialogScript::~DialogScript() {
     m_poll.disconnect();
+    m_unmapped.disconnect();
 }
 
-void run_with(const Glib::ustring& title, const std::function<void()>& call,
-              const std::function<void(Gtk::Window&)>& action) {
-    bool acted = false;
-    bool timed_out = false;
-    sigc::connection starter = Glib::signal_timeout().connect(
-        [&] {
-            Gtk::Window* window = shown_window(title);
-            if (!window) return true;
-            acted = true;
-            focus_window(*window);
-            action(*window);
-            return false;
-        },
-        5);
-    sigc::connection guard = Glib::signal_timeout().connect(
-        [&] {
-            timed_out = true;
-            for (Gtk::Window* window : Gtk::Window::list_toplevels())
-                if (auto* dialog = dynamic_cast<Gtk::Dialog*>(window);
-                    dialog && dialog->get_mapped())
-                    dialog->response(kTimedOut);
+bool DialogScript::poll() {
+    // The C list: a window destroyed from C++ may linger in it unmapped until
+    // finalised, and wrapping it again would make a second C++ object.
+    std::set<GtkWindow*> mapped;
+    std::vector<GtkWindow*> in_order;
+    GList* windows = gtk_window_list_toplevels();
+    for (GList* at = windows; at; at = at->next) {
+        auto* window = static_cast<GtkWindow*>(at->data);
+        if (gtk_widget_get_mapped(GTK_WIDGET(window)) && window != parent_window().gobj()) {
+            mapped.insert(window);
+            in_order.push_back(window);
+        }
+    }
+    g_list_free(windows);
+    const auto title_of = [](GtkWindow* window) {
+        const char* title = gtk_window_get_title(window);
+        return std::string(title ? title : "");
+    };
+    for (GtkWindow* window : in_order)
+        if (!m_mapped.count(window)) m_shown.push_back(title_of(window));
+    m_mapped = mapped;
+
+    const auto now = std::chrono::steady_clock::now();
+    if (!done()) {
+        for (GtkWindow* window : in_order) {
+            const Glib::ustring& title = m_steps[m_next].title;
+            if (window == m_handled || (!title.empty() && title_of(window) != title.raw()))
+                continue;
+            Gtk::Window& shown = *Glib::wrap(window);
+            // Until it is unmapped the window is not acted on again; a
+            // further step of the same title waits for the next one.
+            m_handled = window;
+            m_unmapped.disconnect();
+            m_unmapped = shown.signal_unmap().connect([this] { m_handled = nullptr; });
+            m_progress = now;
+            focus_window(shown);
+            m_steps[m_next++].action(shown);
             return true;
-        },
-        10000);
+        }
+    }
+    if (!mapped.empty() && now - m_progress > std::chrono::seconds(10)) {
+        m_timed_out = true;
+        for (GtkWindow* window : in_order)
+            if (GTK_IS_DIALOG(window)) gtk_dialog_response(GTK_DIALOG(window), GTK_RESPONSE_CANCEL);
+        m_progress = now;
+    }
+    return true;
+}
+
+std::vector<std::string> play(std::vector<ScriptStep> steps, const std::function<void()>& call) {
+    DialogScript script(std::move(steps));
     call();
-    starter.disconnect();
-    guard.disconnect();
-    EXPECT_TRUE(acted) << "\"" << title << "\" was not shown";
-    EXPECT_FALSE(timed_out) << "\"" << title << "\" stayed open";
+    EXPECT_TRUE(script.done()) << "steps left";
+    EXPECT_FALSE(script.timed_out());
+    return script.shown();
+}
+
+ScriptStep press(const Glib::ustring& title, guint key, GdkModifierType state) {
+    return {title, [key, state](Gtk::Window& w) { send_key(w, key, state); }};
+}
+
+void later(std::function<void()> action) {
+    Glib::signal_idle().connect_once(std::move(action));
 }
 
 }  // namespace sk::app::test

@@ -14,23 +14,11 @@ namespace sk::app {
 namespace {
 
 TEST(MessagesLocale, GermanLocaleNames) {
-    const std::pair<const char*, bool> cases[] = {
-        {"de", true},
-        {"de_DE.UTF-8", true},
-        {"de_AT@euro", true},
-        {"de_CH.utf8", true},
-        {"de.UTF-8", true},
-        {"C", false},
-        {"C.UTF-8", false},
-        {"POSIX", false},
-        {"en_US.UTF-8", false},
-        {"dsb_DE.UTF-8", false},
-        {"dz_BT", false},
-        {"d", false},
-        {"", false},
-    };
-    for (const auto& [name, german] : cases)
-        EXPECT_EQ(is_german_locale_name(name), german) << name;
+    for (const char* name : {"de", "de_DE.UTF-8", "de_AT@euro", "de_CH.utf8", "de.UTF-8"})
+        EXPECT_TRUE(is_german_locale_name(name)) << name;
+    for (const char* name :
+         {"C", "C.UTF-8", "POSIX", "en_US.UTF-8", "dsb_DE.UTF-8", "dz_BT", "d", ""})
+        EXPECT_FALSE(is_german_locale_name(name)) << name;
 }
 
 // The process's messages locale and LANGUAGE, put back afterwards.

@@ -1,21 +1,35 @@
-// Every window of the program opens modal over its parent, closes on Escape
-// without a result, and grows with the character cell.
+// Every window of the program opens modal over its parent with the focus
+// where the user types first, names every control for a screen reader,
+// closes on Escape without a result, and grows with the character cell.
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 
+#include "app/calendar_marking_dialog.hpp"
 #include "app/date_entry_dialog.hpp"
+#include "app/delete_notes_dialog.hpp"
+#include "app/export_dialog.hpp"
 #include "app/holiday_list_window.hpp"
+#include "app/hours_dialog.hpp"
 #include "app/info_dialog.hpp"
+#include "app/login_dialog.hpp"
 #include "app/message_box.hpp"
 #include "app/model_chooser_dialog.hpp"
+#include "app/note_menu_dialog.hpp"
 #include "app/prog_menu_dialog.hpp"
 #include "app/school_holiday_window.hpp"
+#include "app/settings_dialog.hpp"
+#include "app/shift_column_dialog.hpp"
+#include "app/shift_marking_dialog.hpp"
 #include "app/text_window.hpp"
 #include "app/ui_support.hpp"
+#include "app/vacation_dialog.hpp"
 #include "app/yearly_hours_window.hpp"
+#include "export/csv_export.hpp"
 #include "gui_support.hpp"
+#include "marks/calendar_markings.hpp"
 
 namespace sk::app {
 namespace {
@@ -24,85 +38,215 @@ using calendar::Day;
 using test::cell;
 using test::parent_window;
 
+const Day kDay = Day::from_date(2024, 2, 5);  // 05.03.2024
+
 struct Opened {
     std::unique_ptr<Gtk::Dialog> dialog;
-    // True when the dialog holds no result after being closed.
-    std::function<bool()> no_result;
+    Gtk::Widget* focus = nullptr;  // has the focus when shown; null: not checked
+    std::function<bool()> no_result = [] { return true; };  // after Escape
 };
 
 struct Case {
     const char* title;
     std::function<Opened(view::CellSize)> open;
+    std::vector<std::string> texts = {};               // in some label; "!" first: in none
+    std::map<std::string, std::string> tooltips = {};  // button label -> tooltip
 };
 
-const Day kStart = Day::from_date(2024, 2, 15);
+template <class D>
+Opened plain(D* d) {
+    return {std::unique_ptr<Gtk::Dialog>(d)};
+}
 
 std::vector<Case> cases() {
-    auto plain = [](auto* d) {
-        return Opened{std::unique_ptr<Gtk::Dialog>(d), [] { return true; }};
-    };
+    const std::pair<const std::string, std::string> cancel = {
+        "Abbruch", "Verlässt das Eingabefenster ohne Änderungen"};
     return {
         {"Datum",
          [](view::CellSize c) {
-             auto* d = new DateEntryDialog(parent_window(), c, DateEntryDialog::Purpose::GoTo,
-                                           kStart, 0, calendar::kLastDay);
-             return Opened{std::unique_ptr<Gtk::Dialog>(d), [] { return true; }};
-         }},
-        {"Blockurlaub",
-         [plain](view::CellSize c) {
-             return plain(new DateEntryDialog(parent_window(), c,
-                                              DateEntryDialog::Purpose::VacationStart, kStart, 0,
-                                              calendar::kLastDay));
+             auto* d = new DateEntryDialog(parent_window(), c, DateEntryDialog::Purpose::GoTo, kDay,
+                                           0, calendar::kLastDay);
+             return Opened{std::unique_ptr<Gtk::Dialog>(d), &d->get_field()};
          }},
         {"Kalender",
          [](view::CellSize c) {
              auto* d = new ModelChooserDialog(parent_window(), c, 3);
-             return Opened{std::unique_ptr<Gtk::Dialog>(d), [d] { return !d->get_model(); }};
+             return Opened{std::unique_ptr<Gtk::Dialog>(d), nullptr,
+                           [d] { return !d->get_model(); }};
          }},
         {"Prog.",
          [](view::CellSize c) {
              auto* d = new ProgMenuDialog(parent_window(), c);
-             return Opened{std::unique_ptr<Gtk::Dialog>(d), [d] { return !d->get_choice(); }};
+             return Opened{std::unique_ptr<Gtk::Dialog>(d), nullptr,
+                           [d] { return !d->get_choice(); }};
          }},
         {"Info",
          [](view::CellSize c) {
              auto* d = new InfoDialog(parent_window(), c);
-             return Opened{std::unique_ptr<Gtk::Dialog>(d), [d] { return !d->get_choice(); }};
+             return Opened{std::unique_ptr<Gtk::Dialog>(d), nullptr,
+                           [d] { return !d->get_choice(); }};
          }},
-        {"Notizen für den 15.03.2024",
-         [plain](view::CellSize c) {
-             return plain(new TextWindow(parent_window(), c, notes_title(kStart),
-                                         "Zahnarzt\r\n\r\nGeburtstag", TextWindow::kNotesSize));
+        {"Notiz",
+         [](view::CellSize c) {
+             auto* d = new NoteMenuDialog(parent_window(), c);
+             return Opened{std::unique_ptr<Gtk::Dialog>(d), nullptr,
+                           [d] { return !d->get_choice(); }};
+         }},
+        {"Notizen für den 05.03.2024",
+         [](view::CellSize c) {
+             return plain(new TextWindow(parent_window(), c, notes_title(kDay), "Zahnarzt\r\n",
+                                         TextWindow::kNotesSize));
          }},
         {"Tastaturbelegung",
-         [plain](view::CellSize c) {
+         [](view::CellSize c) {
              return plain(new HelpWindow(parent_window(), c, HelpTopic::Keys));
          }},
         {"Feiertage",
-         [plain](view::CellSize c) {
-             return plain(new HolidayListWindow(parent_window(), c, 2024));
-         }},
+         [](view::CellSize c) { return plain(new HolidayListWindow(parent_window(), c, 2024)); }},
         {"Ferientermine",
-         [plain](view::CellSize c) {
-             return plain(new SchoolHolidayWindow(parent_window(), c, 2024));
-         }},
+         [](view::CellSize c) { return plain(new SchoolHolidayWindow(parent_window(), c, 2024)); }},
         {"Jahresstunden",
-         [plain](view::CellSize c) {
+         [](view::CellSize c) {
              return plain(new YearlyHoursWindow(parent_window(), c,
                                                 marks::yearly_hours(marks::PlanContext{}, 2024)));
+         }},
+        {"Schichtmarkierung eingeben",
+         [](view::CellSize c) {
+             return plain(new ShiftMarkingDialog(parent_window(), c, 1, 3, kDay, 2));
+         },
+         {" Nachtschicht am 05.03.2024", "Ausfallbezahlung, kurzer Wechsel", "!Früh"},
+         {{"Übernehmen", "Speichert die Stunden"},
+          cancel,
+          {"Schichtmarkierung löschen (Entf)", "Taste Entf"}}},
+        {"Schichtmarkierung eingeben",
+         [](view::CellSize c) {
+             return plain(new ShiftMarkingDialog(parent_window(), c, 7, 4, kDay, std::nullopt));
+         },
+         {" Schicht D am 05.03.2024", "Früh", "Nacht"},
+         {{"Spät", "Taste F"}, {"Krank", "Taste Entf"}}},
+        {"Schichtspalte eingeben",
+         [](view::CellSize c) { return plain(new ShiftColumnDialog(parent_window(), c, 0)); },
+         {"Frühschicht", "Verfügung"},
+         {{"Verfügung", "[4] Schichtmarkierung: Verfügung"}}},
+        {"Eingabe einer Kalendermarkierung",
+         [](view::CellSize c) {
+             auto* d = new CalendarMarkingDialog(parent_window(), c,
+                                                 marks::propose_marking({}, kDay.number));
+             return Opened{std::unique_ptr<Gtk::Dialog>(d), &d->get_start_field()};
+         },
+         {"Eingabe des Startdatums:", "Eingabe des Enddatums:"},
+         {{"Löschen", "Löscht die Markierung in dessen Bereich sich das Startdatum befindet"},
+          cancel}},
+        {"Stunden eingeben",
+         [](view::CellSize c) {
+             auto* d = new HoursDialog(parent_window(), c, marks::HoursAccount{}, true);
+             return Opened{std::unique_ptr<Gtk::Dialog>(d), &d->get_value_field()};
+         },
+         {"Stunden am:", "Std:Min", "braun",
+          "Wenn im Urlaubsblock gearbeitet wird, z. B. bei Schichttausch", "!keine Konten"},
+         {{"Speichern", "Speichert die Stunden"}, cancel}},
+        {"Stunden eingeben",
+         [](view::CellSize c) {
+             return plain(new HoursDialog(parent_window(), c, marks::HoursAccount{}, false));
+         },
+         {"keine Konten"}},
+        {"Urlaub eingeben",
+         [](view::CellSize c) {
+             return plain(
+                 new VacationDialog(parent_window(), c, marks::VacationAccount{}, 4, 0, true));
+         },
+         {"Resturlaub am:", "Stammschicht:"},
+         {{"Speichern", "Speichert die Urlaubstage"}}},
+        {"Lösche Notizen und Markierungen",
+         [](view::CellSize c) { return plain(new DeleteNotesDialog(parent_window(), c, kDay)); },
+         {},
+         {{"Abbruch", "Verlässt das Eingabefenster ohne Löschen"},
+          {"Löschen", "Löscht die Notizen"}}},
+        {"Export",
+         [](view::CellSize c) {
+             calendar::PageState page;
+             page.model = 1;
+             page.year = 2026;
+             auto* d = new ExportDialog(parent_window(), c, 1,
+                                        exporting::default_export_request(page, 0));
+             return Opened{std::unique_ptr<Gtk::Dialog>(d), &d->get_ics_button()};
+         }},
+        {"Anmelden",
+         [](view::CellSize c) {
+             auto* d = new LoginDialog(parent_window(), c, "Programm");
+             return Opened{std::unique_ptr<Gtk::Dialog>(d), &d->get_user_entry()};
+         }},
+        {"Einstellungen",
+         [](view::CellSize c) {
+             auto* d = new SettingsDialog(parent_window(), c, settings::Settings{});
+             return Opened{std::unique_ptr<Gtk::Dialog>(d), &d->get_place_entry()};
          }},
     };
 }
 
-TEST(Windows, EscapeClosesWithoutResult) {
+// Every widget below `widget`, depth first.
+void walk(Gtk::Widget& widget, const std::function<void(Gtk::Widget&)>& visit) {
+    visit(widget);
+    if (auto* container = dynamic_cast<Gtk::Container*>(&widget))
+        for (Gtk::Widget* child : container->get_children())
+            walk(*child, visit);
+}
+
+std::string label_of(Gtk::Widget& widget) {
+    std::string text;
+    walk(widget, [&](Gtk::Widget& w) {
+        if (auto* label = dynamic_cast<Gtk::Label*>(&w); label && text.empty())
+            text = label->get_text().raw();
+    });
+    return text;
+}
+
+bool named(Gtk::Widget& widget) {
+    if (!test::accessible_name(widget).empty()) return true;
+    AtkRelationSet* relations = atk_object_ref_relation_set(widget.get_accessible()->gobj());
+    const bool labelled = atk_relation_set_contains(relations, ATK_RELATION_LABELLED_BY);
+    g_object_unref(relations);
+    return labelled;
+}
+
+TEST(Windows, TextsTooltipsAndNames) {
     for (const Case& c : cases()) {
-        Opened opened = c.open(cell());
+        const Opened opened = c.open(cell());
         Gtk::Dialog& dialog = *opened.dialog;
         EXPECT_EQ(dialog.get_title(), c.title);
         EXPECT_TRUE(dialog.get_modal()) << c.title;
         EXPECT_EQ(dialog.get_transient_for(), &parent_window()) << c.title;
-        const int response =
-            test::run_dialog(dialog, [&] { test::send_key(dialog, GDK_KEY_Escape); });
+        std::string labels;
+        std::map<std::string, std::string> tooltips;
+        walk(dialog, [&](Gtk::Widget& w) {
+            if (auto* label = dynamic_cast<Gtk::Label*>(&w)) labels += label->get_text() + "\n";
+            // Every control a screen reader reaches has a name, its own or
+            // that of the label for it. (A scrolled window passes the focus on.)
+            if (!w.get_can_focus() || !w.get_visible() || dynamic_cast<Gtk::ScrolledWindow*>(&w))
+                return;
+            EXPECT_TRUE(named(w)) << c.title << ": " << G_OBJECT_TYPE_NAME(w.gobj());
+            if (dynamic_cast<Gtk::Button*>(&w)) tooltips[label_of(w)] = w.get_tooltip_text().raw();
+        });
+        for (const std::string& text : c.texts) {
+            const bool absent = text[0] == '!';
+            EXPECT_EQ(labels.find(text.substr(absent ? 1 : 0)) == std::string::npos, absent)
+                << c.title << ": " << text;
+        }
+        for (const auto& [label, tooltip] : c.tooltips)
+            EXPECT_EQ(tooltips[label], tooltip) << c.title << ": " << label;
+    }
+}
+
+TEST(Windows, FocusOnOpenAndEscapeWithoutResult) {
+    for (const Case& c : cases()) {
+        Opened opened = c.open(cell());
+        Gtk::Dialog& dialog = *opened.dialog;
+        const int response = test::run_dialog(dialog, [&] {
+            if (opened.focus) {
+                EXPECT_TRUE(opened.focus->has_focus()) << c.title;
+            }
+            test::send_key(dialog, GDK_KEY_Escape);
+        });
         EXPECT_EQ(response, Gtk::RESPONSE_CANCEL) << c.title;
         EXPECT_TRUE(opened.no_result()) << c.title;
         EXPECT_FALSE(dialog.get_visible()) << c.title;
@@ -148,8 +292,25 @@ TEST(Windows, ListWindowSizesInCells) {
             ASSERT_TRUE(test::wait_until([&] { return d.get_mapped(); }));
             EXPECT_NEAR(d.get_allocated_width(), width * cell().width, cell().width) << title;
             EXPECT_NEAR(d.get_allocated_height(), height * cell().height, cell().height) << title;
-            d.hide();
         }
+    }
+}
+
+// Tab walks on to the next field in reading order.
+TEST(Windows, TabOrder) {
+    HoursDialog hours(parent_window(), cell(), {}, true);
+    CalendarMarkingDialog bar(parent_window(), cell(), marks::propose_marking({}, kDay.number));
+    const std::pair<Gtk::Dialog*, std::vector<Gtk::Widget*>> orders[] = {
+        {&hours, {&hours.get_value_field(), &hours.get_mode_button(marks::hours_mode::kDecimal)}},
+        {&bar, {&bar.get_start_field(), &bar.get_end_field(), &bar.get_colour_button()}}};
+    for (const auto& [dialog, order] : orders) {
+        test::run_dialog(*dialog, [&] {
+            for (Gtk::Widget* widget : order) {
+                EXPECT_TRUE(widget->has_focus()) << dialog->get_title();
+                test::send_key(*dialog, GDK_KEY_Tab);
+            }
+            test::send_key(*dialog, GDK_KEY_Escape);
+        });
     }
 }
 
