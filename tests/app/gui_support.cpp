@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <memory>
+#include <set>
 
 namespace sk::app::test {
 
@@ -150,15 +150,32 @@ DialogAnswerer::DialogAnswerer(const Glib::ustring& title, int response, int tim
         5);
 }
 
-DialogScript::DialogScript(std::vector<ScriptStep> steps)
-    : m_steps(std::move(steps)), m_progress(std::chrono::steady_clock::now()) {
-    m_poll = Glib::signal_timeout().connect(sigc::mem_fun(*this, &DialogScript::poll), 5);
-}
+namespace {
 
-DialogScript::~DialogScript() {
-    m_poll.disconnect();
-    m_unmapped.disconnect();
-}
+class DialogScript {
+  public:
+    explicit DialogScript(std::vector<ScriptStep> steps)
+        : m_steps(std::move(steps)), m_progress(std::chrono::steady_clock::now()) {
+        m_poll = Glib::signal_timeout().connect(sigc::mem_fun(*this, &DialogScript::poll), 5);
+    }
+    ~DialogScript() {
+        m_poll.disconnect();
+        m_unmapped.disconnect();
+    }
+
+    bool done() const { return m_next == m_steps.size(); }
+    bool poll();
+
+    std::vector<ScriptStep> m_steps;
+    std::size_t m_next = 0;
+    std::set<GtkWindow*> m_mapped;
+    GtkWindow* m_handled = nullptr;  // acted on and not yet unmapped
+    sigc::connection m_unmapped;
+    std::vector<std::string> m_shown;
+    std::chrono::steady_clock::time_point m_progress;
+    bool m_timed_out = false;
+    sigc::connection m_poll;
+};
 
 bool DialogScript::poll() {
     // The C list: a window destroyed from C++ may linger in it unmapped until
@@ -209,12 +226,14 @@ bool DialogScript::poll() {
     return true;
 }
 
+}  // namespace
+
 std::vector<std::string> play(std::vector<ScriptStep> steps, const std::function<void()>& call) {
     DialogScript script(std::move(steps));
     call();
     EXPECT_TRUE(script.done()) << "steps left";
-    EXPECT_FALSE(script.timed_out());
-    return script.shown();
+    EXPECT_FALSE(script.m_timed_out);
+    return script.m_shown;
 }
 
 ScriptStep press(const Glib::ustring& title, guint key, GdkModifierType state) {

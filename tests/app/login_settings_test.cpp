@@ -140,13 +140,17 @@ TEST(SettingsDialog, InvalidCoordinateBlocksSaving) {
 
 TEST(SettingsDialog, HelpOpensTheTextAndKeepsTheDialog) {
     SettingsDialog dialog(parent_window(), cell(), settings::Settings{});
-    test::DialogScript script({test::press("Programmeinstellungen", GDK_KEY_Escape),
-                               test::press("Einstellungen", GDK_KEY_Escape)});
+    int response = 0;
     // "_Hilfe"; the settings stay open under the help text.
-    EXPECT_EQ(test::run_dialog(dialog, [&] { test::send_key(dialog, GDK_KEY_h, GDK_MOD1_MASK); }),
-              Gtk::RESPONSE_CANCEL);
-    EXPECT_TRUE(script.done());
-    EXPECT_EQ(script.shown(), (std::vector<std::string>{"Einstellungen", "Programmeinstellungen"}));
+    const auto shown = test::play({test::press("Programmeinstellungen", GDK_KEY_Escape),
+                                   test::press("Einstellungen", GDK_KEY_Escape)},
+                                  [&] {
+                                      response = test::run_dialog(dialog, [&] {
+                                          test::send_key(dialog, GDK_KEY_h, GDK_MOD1_MASK);
+                                      });
+                                  });
+    EXPECT_EQ(response, Gtk::RESPONSE_CANCEL);
+    EXPECT_EQ(shown, (std::vector<std::string>{"Einstellungen", "Programmeinstellungen"}));
 }
 
 // "Nein" (and Escape) to the question takes the existing files over.
