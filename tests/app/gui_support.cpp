@@ -97,34 +97,6 @@ void retype(Gtk::Entry& entry, const Glib::ustring& text) {
     type_text(entry, text);
 }
 
-int run_dialog(Gtk::Dialog& dialog, const std::function<void()>& action) {
-    bool timed_out = false;
-    bool done = false;
-    sigc::connection guard = Glib::signal_timeout().connect(
-        [&] {
-            timed_out = true;
-            dialog.response(kTimedOut);
-            return false;
-        },
-        10000);
-    // The action runs once the dialog is mapped, from the dialog's own loop.
-    sigc::connection starter = Glib::signal_timeout().connect(
-        [&] {
-            if (done || !dialog.get_mapped()) return !done;
-            done = true;
-            focus_window(dialog);
-            action();
-            return false;
-        },
-        5);
-    const int response = dialog.run();
-    guard.disconnect();
-    starter.disconnect();
-    dialog.hide();
-    EXPECT_FALSE(timed_out) << "the dialog \"" << dialog.get_title() << "\" stayed open";
-    return response;
-}
-
 std::string accessible_name(Gtk::Widget& widget) {
     const Glib::RefPtr<Atk::Object> accessible = widget.get_accessible();
     return accessible ? accessible->get_name().raw() : std::string();
@@ -234,6 +206,13 @@ std::vector<std::string> play(std::vector<ScriptStep> steps, const std::function
     EXPECT_TRUE(script.done()) << "steps left";
     EXPECT_FALSE(script.m_timed_out);
     return script.m_shown;
+}
+
+int run_dialog(Gtk::Dialog& dialog, const std::function<void()>& action) {
+    int response = 0;
+    play({{dialog.get_title(), [&](Gtk::Window&) { action(); }}}, [&] { response = dialog.run(); });
+    dialog.hide();
+    return response;
 }
 
 ScriptStep press(const Glib::ustring& title, guint key, GdkModifierType state) {

@@ -36,9 +36,7 @@ void type_text(Gtk::Widget& widget, const Glib::ustring& text);
 void retype(Gtk::Entry& entry, const Glib::ustring& text);
 
 // Runs the dialog modally as the program does and calls `action` once it is
-// on the screen and focused; returns run()'s response. A dialog still open
-// after ten seconds is closed with kTimedOut.
-inline constexpr int kTimedOut = -1000;
+// on the screen and focused (see `play`); returns run()'s response.
 int run_dialog(Gtk::Dialog& dialog, const std::function<void()>& action);
 
 // The accessible name of a widget.
@@ -81,6 +79,11 @@ struct ScriptStep {
     std::function<void(Gtk::Window&)> action;
 };
 std::vector<std::string> play(std::vector<ScriptStep> steps, const std::function<void()>& call);
+// A step whose action takes the window as the W it is.
+template <class W>
+ScriptStep on(const Glib::ustring& title, std::function<void(W&)> action) {
+    return {title, [action](Gtk::Window& w) { action(dynamic_cast<W&>(w)); }};
+}
 // A step that presses a key.
 ScriptStep press(const Glib::ustring& title, guint key, GdkModifierType state = GdkModifierType(0));
 
