@@ -28,32 +28,18 @@ bool ok_sensitive(Gtk::Dialog& dialog) {
     return dialog.get_widget_for_response(Gtk::RESPONSE_OK)->get_sensitive();
 }
 
-// Types `user` and `password` into the window "Anmelden" and presses Return.
+// Types `user` over the proposed name, Tab, the hidden `password`, Return;
+// Escape when the name is refused.
 test::ScriptStep log_in(const char* user, const char* password) {
-    return {"Anmelden", [user, password](Gtk::Window& w) {
-                auto& d = dynamic_cast<LoginDialog&>(w);
-                test::type_text(d.get_user_entry(), user);
-                test::send_key(d.get_user_entry(), GDK_KEY_Tab);
-                test::type_text(d.get_password_entry(), password);
-                test::send_key(d.get_password_entry(), GDK_KEY_Return);
-                if (!ok_sensitive(d)) test::send_key(d, GDK_KEY_Escape);  // refused
-            }};
-}
-
-TEST(LoginDialog, NameFirstThenHiddenPassword) {
-    LoginDialog dialog(parent_window(), cell(), "Programm");
-    const int response = test::run_dialog(dialog, [&] {
-        Gtk::Entry& user = dialog.get_user_entry();
-        EXPECT_FALSE(dialog.get_password_entry().get_visibility());
-        test::type_text(user, "Jürgen");  // replaces the selected "Programm"
-        test::send_key(user, GDK_KEY_Tab);
-        EXPECT_TRUE(dialog.get_password_entry().has_focus());
-        test::type_text(dialog.get_password_entry(), "Geheim€");
-        test::send_key(dialog.get_password_entry(), GDK_KEY_Return);
+    return test::on<LoginDialog>("Anmelden", [user, password](LoginDialog& d) {
+        test::type_text(d.get_user_entry(), user);
+        test::send_key(d.get_user_entry(), GDK_KEY_Tab);
+        EXPECT_TRUE(d.get_password_entry().has_focus());
+        EXPECT_FALSE(d.get_password_entry().get_visibility());
+        test::type_text(d.get_password_entry(), password);
+        test::send_key(d.get_password_entry(), GDK_KEY_Return);
+        if (!ok_sensitive(d)) test::send_key(d, GDK_KEY_Escape);
     });
-    EXPECT_EQ(response, Gtk::RESPONSE_OK);
-    EXPECT_EQ(dialog.get_user(), "Jürgen");
-    EXPECT_EQ(dialog.get_password(), "Geheim€");
 }
 
 TEST(LoginDialog, RefusedNamesKeepTheWindowOpen) {

@@ -48,6 +48,12 @@ Open make(A... args) {
     return [=](view::CellSize c) { return std::make_unique<D>(parent_window(), c, args...); };
 }
 
+Open box(MessageKind kind) {
+    return [kind](view::CellSize) {
+        return std::make_unique<MessageBox>(&parent_window(), kind, "Text");
+    };
+}
+
 struct Case {
     const char* title;
     Open open;
@@ -93,19 +99,17 @@ std::vector<Case> cases() {
         {"Schichtspalte eingeben",
          make<ShiftColumnDialog>(0),
          "Frühschicht",
-         {"Verfügung"},
+         {},
          {{"Verfügung", "[4] Schichtmarkierung: Verfügung"}}},
         {"Eingabe einer Kalendermarkierung",
          make<CalendarMarkingDialog>(marks::propose_marking({}, kDay.number)),
          "Eingabe des Startdatums",
-         {"Eingabe des Enddatums:"},
-         {{"Löschen", "Löscht die Markierung in dessen Bereich sich das Startdatum befindet"},
-          cancel}},
+         {},
+         {{"Löschen", "Löscht die Markierung in dessen Bereich sich das Startdatum befindet"}}},
         {"Stunden eingeben",
          make<HoursDialog>(marks::HoursAccount{}, true),
          "Stunden",
-         {"Std:Min", "braun", "Wenn im Urlaubsblock gearbeitet wird, z. B. bei Schichttausch",
-          "!keine Konten"},
+         {"Wenn im Urlaubsblock gearbeitet wird, z. B. bei Schichttausch", "!keine Konten"},
          {{"Speichern", "Speichert die Stunden"}, cancel}},
         {"Stunden eingeben",
          make<HoursDialog>(marks::HoursAccount{}, false),
@@ -114,8 +118,8 @@ std::vector<Case> cases() {
         {"Urlaub eingeben",
          make<VacationDialog>(marks::VacationAccount{}, 4, 0, true),
          "Tage",
-         {"Resturlaub am:", "Stammschicht:"},
-         {{"Speichern", "Speichert die Urlaubstage"}}},
+         {},
+         {{"Speichern", "Speichert die Urlaubstage"}, cancel}},
         {"Lösche Notizen und Markierungen",
          make<DeleteNotesDialog>(kDay),
          "Notizen löschen bis zum",
@@ -126,22 +130,9 @@ std::vector<Case> cases() {
          "iCalendar (.ics) für Kalender und Telefon"},
         {"Anmelden", make<LoginDialog>(std::string("Programm")), "Benutzername"},
         {"Einstellungen", make<SettingsDialog>(settings::Settings{}), "Ortsname"},
-        {"Fehler",
-         [](view::CellSize) {
-             return std::make_unique<MessageBox>(&parent_window(), MessageKind::Error, "Text");
-         },
-         "OK"},
-        {"Information",
-         [](view::CellSize) {
-             return std::make_unique<MessageBox>(&parent_window(), MessageKind::Information,
-                                                 "Text");
-         },
-         "OK"},
-        {"Info",
-         [](view::CellSize) {
-             return std::make_unique<MessageBox>(&parent_window(), MessageKind::Info, "Text");
-         },
-         "OK"},
+        {"Fehler", box(MessageKind::Error), "OK"},
+        {"Information", box(MessageKind::Information), "OK"},
+        {"Info", box(MessageKind::Info), "OK"},
     };
 }
 
