@@ -1,14 +1,14 @@
-// The windows that offer a choice: "Prog.", "Info" and the calendar
-// chooser return what was chosen, by click, by letter or by the keyboard's
-// focus, and carry their exact labels and tooltips.
+// The windows that offer a choice: "Prog.", "Info", the note menu "Notiz"
+// and the calendar chooser return what was chosen, by click, by letter or
+// by the keyboard's focus, and carry their exact labels and tooltips.
 #include <gtest/gtest.h>
 
 #include <set>
 
 #include "app/info_dialog.hpp"
 #include "app/model_chooser_dialog.hpp"
+#include "app/note_actions.hpp"
 #include "app/prog_menu_dialog.hpp"
-#include "calendar/shift_model.hpp"
 #include "gui_support.hpp"
 
 namespace sk::app {
@@ -17,141 +17,144 @@ namespace {
 using test::cell;
 using test::parent_window;
 
-// Label (as read out), tooltip, and the plain letter that chooses it.
+// Label (as read out), tooltip, the plain letter that chooses it, the choice.
+template <class Choice>
 struct Entry {
     const char* name;
     const char* tooltip;
     guint key;
+    Choice choice;
 };
 
-void expect_entries(ChoiceDialog& dialog, const std::vector<Entry>& expected) {
-    ASSERT_EQ(dialog.get_entry_count(), static_cast<int>(expected.size()));
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        Gtk::Button& button = dialog.get_button(static_cast<int>(i));
-        EXPECT_EQ(test::accessible_name(button), expected[i].name);
-        EXPECT_EQ(button.get_tooltip_text(), expected[i].tooltip) << expected[i].name;
-    }
-}
-
-const std::vector<Entry> kProgEntries = {
-    {"Kalender", "Einen anderen Schichtkalender wählen", GDK_KEY_k},
-    {"Schriftart", "Neue Schriftart wählen", GDK_KEY_s},
-    {"Hintergrundfarbe", "Hintergrundfarbe zum Ausdrucken einer Bilschirmkopie", GDK_KEY_h},
-    {"Stunden", "Eingabe der Minus- bzw. Plusstunden", GDK_KEY_t},
-    {"Urlaub", "Eingabe des Resturlaubs", GDK_KEY_u},
-    {"Programmverzeichnis", "Ein neues Programmverzeichnis wählen", GDK_KEY_v},
-    {"Einstellungen", "Ort, Zeitzone, Anzeigen, Sollstunden und Urlaubsblock einstellen",
-     GDK_KEY_e},
-    {"Export", "Schichten und Notizen als iCalendar- oder CSV-Datei speichern", GDK_KEY_x},
-    {"Info", "Informationstext zur Programmbedienung", GDK_KEY_i},
-};
-const ProgChoice kProgChoices[] = {
-    ProgChoice::Calendar, ProgChoice::Font,     ProgChoice::BackgroundColour,
-    ProgChoice::Hours,    ProgChoice::Vacation, ProgChoice::Directory,
-    ProgChoice::Settings, ProgChoice::Export,   ProgChoice::Info};
-
-const std::vector<Entry> kInfoEntries = {
-    {"Jahresstunden", "Die Minusstunden für das Jahr der Spalte der Cursorposition", GDK_KEY_j},
-    {"Schulferien", "Die bayerischen Schulferien ür das in der ersten Spalte angezeigte Jahr",
-     GDK_KEY_s},
-    {"Feiertage", "Die staatlichen Feiertage für das in der ersten Spalte angezeigte Jahr",
-     GDK_KEY_f},
-    {"Programm", "Allgemeine Infos zur Programmbedienung", GDK_KEY_p},
-    {"Tastaturbelegung", "Infos zur Programmbedienung mit der Tastatur", GDK_KEY_t},
-    {"Schichtmarkierung", "Infos zur Eingabe und Verwaltung von Schichtmarkierungen", GDK_KEY_h},
-    {"Kalendermarkierung", "Infos zur Eingabe und Verwaltung von Kalendermarkierungen", GDK_KEY_k},
-    {"Notizen", "Infos zur Eingabe und Verwaltung von Notizen", GDK_KEY_n},
-    {"Prog. Menü", "Infos zu den unter 'Prog.' wählbaren Dingen", GDK_KEY_m},
-    {"Name", "Infos zum Anmelden unter einen Benutzernamen", GDK_KEY_a},
-    {"Einstellungen", "Infos zu den Programmeinstellungen", GDK_KEY_e},
-};
-const InfoChoice kInfoChoices[] = {InfoChoice::YearlyHours,
-                                   InfoChoice::SchoolHolidays,
-                                   InfoChoice::Holidays,
-                                   InfoChoice::Program,
-                                   InfoChoice::Keys,
-                                   InfoChoice::ShiftMarking,
-                                   InfoChoice::CalendarMarking,
-                                   InfoChoice::Notes,
-                                   InfoChoice::ProgMenu,
-                                   InfoChoice::Name,
-                                   InfoChoice::Settings};
-
-TEST(ProgMenu, EntriesAndTooltips) {
-    ProgMenuDialog dialog(parent_window(), cell());
-    EXPECT_EQ(dialog.get_title(), "Prog.");
-    expect_entries(dialog, kProgEntries);
-}
-
-// Each letter, typed with or without Shift, and each click returns its entry.
-TEST(ProgMenu, ReturnsTheChosenEntry) {
-    for (std::size_t i = 0; i < kProgEntries.size(); ++i) {
+// Each entry's texts; its letter, typed with or without Shift, and a click
+// on its button return it.
+template <class Dialog, class Choice>
+void expect_entries(const std::vector<Entry<Choice>>& entries) {
+    Dialog shown(parent_window(), cell());
+    ASSERT_EQ(shown.get_entry_count(), static_cast<int>(entries.size()));
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const Entry<Choice>& e = entries[i];
+        Gtk::Button& button = shown.get_button(static_cast<int>(i));
+        EXPECT_EQ(test::accessible_name(button), e.name);
+        EXPECT_EQ(button.get_tooltip_text(), e.tooltip) << e.name;
         for (const GdkModifierType state : {GdkModifierType(0), GDK_SHIFT_MASK}) {
-            ProgMenuDialog dialog(parent_window(), cell());
-            const guint key =
-                state ? gdk_keyval_to_upper(kProgEntries[i].key) : kProgEntries[i].key;
+            Dialog dialog(parent_window(), cell());
+            const guint key = state ? gdk_keyval_to_upper(e.key) : e.key;
             EXPECT_EQ(test::run_dialog(dialog, [&] { test::send_key(dialog, key, state); }),
                       Gtk::RESPONSE_OK);
-            EXPECT_EQ(dialog.get_choice(), kProgChoices[i]) << kProgEntries[i].name;
+            EXPECT_EQ(dialog.get_choice(), e.choice) << e.name;
         }
-        ProgMenuDialog dialog(parent_window(), cell());
+        Dialog dialog(parent_window(), cell());
         test::run_dialog(dialog, [&] { dialog.get_button(static_cast<int>(i)).clicked(); });
-        EXPECT_EQ(dialog.get_choice(), kProgChoices[i]) << kProgEntries[i].name;
+        EXPECT_EQ(dialog.get_choice(), e.choice) << e.name;
     }
 }
 
-TEST(InfoWindow, EntriesAndTooltips) {
-    InfoDialog dialog(parent_window(), cell());
-    EXPECT_EQ(dialog.get_title(), "Info");
-    expect_entries(dialog, kInfoEntries);
+TEST(ProgMenu, EntriesReturnTheirChoice) {
+    expect_entries<ProgMenuDialog, ProgChoice>({
+        {"Kalender", "Einen anderen Schichtkalender wählen", GDK_KEY_k, ProgChoice::Calendar},
+        {"Schriftart", "Neue Schriftart wählen", GDK_KEY_s, ProgChoice::Font},
+        {"Hintergrundfarbe", "Hintergrundfarbe zum Ausdrucken einer Bilschirmkopie", GDK_KEY_h,
+         ProgChoice::BackgroundColour},
+        {"Stunden", "Eingabe der Minus- bzw. Plusstunden", GDK_KEY_t, ProgChoice::Hours},
+        {"Urlaub", "Eingabe des Resturlaubs", GDK_KEY_u, ProgChoice::Vacation},
+        {"Programmverzeichnis", "Ein neues Programmverzeichnis wählen", GDK_KEY_v,
+         ProgChoice::Directory},
+        {"Einstellungen", "Ort, Zeitzone, Anzeigen, Sollstunden und Urlaubsblock einstellen",
+         GDK_KEY_e, ProgChoice::Settings},
+        {"Export", "Schichten und Notizen als iCalendar- oder CSV-Datei speichern", GDK_KEY_x,
+         ProgChoice::Export},
+        {"Info", "Informationstext zur Programmbedienung", GDK_KEY_i, ProgChoice::Info},
+    });
 }
 
-TEST(InfoWindow, ReturnsTheChosenEntry) {
-    for (std::size_t i = 0; i < kInfoEntries.size(); ++i) {
-        InfoDialog by_key(parent_window(), cell());
-        test::run_dialog(by_key, [&] { test::send_key(by_key, kInfoEntries[i].key); });
-        EXPECT_EQ(by_key.get_choice(), kInfoChoices[i]) << kInfoEntries[i].name;
-        InfoDialog by_click(parent_window(), cell());
-        test::run_dialog(by_click, [&] { by_click.get_button(static_cast<int>(i)).clicked(); });
-        EXPECT_EQ(by_click.get_choice(), kInfoChoices[i]) << kInfoEntries[i].name;
-    }
-}
-
-// The eight help buttons open eight different texts; the list buttons none.
-TEST(InfoWindow, HelpTopics) {
+TEST(InfoWindow, EntriesReturnTheirChoice) {
+    expect_entries<InfoDialog, InfoChoice>({
+        {"Jahresstunden", "Die Minusstunden für das Jahr der Spalte der Cursorposition", GDK_KEY_j,
+         InfoChoice::YearlyHours},
+        {"Schulferien", "Die bayerischen Schulferien ür das in der ersten Spalte angezeigte Jahr",
+         GDK_KEY_s, InfoChoice::SchoolHolidays},
+        {"Feiertage", "Die staatlichen Feiertage für das in der ersten Spalte angezeigte Jahr",
+         GDK_KEY_f, InfoChoice::Holidays},
+        {"Programm", "Allgemeine Infos zur Programmbedienung", GDK_KEY_p, InfoChoice::Program},
+        {"Tastaturbelegung", "Infos zur Programmbedienung mit der Tastatur", GDK_KEY_t,
+         InfoChoice::Keys},
+        {"Schichtmarkierung", "Infos zur Eingabe und Verwaltung von Schichtmarkierungen", GDK_KEY_h,
+         InfoChoice::ShiftMarking},
+        {"Kalendermarkierung", "Infos zur Eingabe und Verwaltung von Kalendermarkierungen",
+         GDK_KEY_k, InfoChoice::CalendarMarking},
+        {"Notizen", "Infos zur Eingabe und Verwaltung von Notizen", GDK_KEY_n, InfoChoice::Notes},
+        {"Prog. Menü", "Infos zu den unter 'Prog.' wählbaren Dingen", GDK_KEY_m,
+         InfoChoice::ProgMenu},
+        {"Name", "Infos zum Anmelden unter einen Benutzernamen", GDK_KEY_a, InfoChoice::Name},
+        {"Einstellungen", "Infos zu den Programmeinstellungen", GDK_KEY_e, InfoChoice::Settings},
+    });
+    // The eight help entries open eight different texts; the list entries none.
     std::set<HelpTopic> topics;
-    for (const InfoChoice choice : kInfoChoices)
-        if (const auto topic = help_topic(choice)) topics.insert(*topic);
+    for (int i = 0; i <= static_cast<int>(InfoChoice::Settings); ++i)
+        if (const auto topic = help_topic(static_cast<InfoChoice>(i))) topics.insert(*topic);
     EXPECT_EQ(topics.size(), 8u);
     EXPECT_EQ(help_topic(InfoChoice::ProgMenu), HelpTopic::Program);
     EXPECT_FALSE(help_topic(InfoChoice::Holidays));
 }
 
-TEST(ModelChooser, EntriesInChooserOrder) {
-    ModelChooserDialog dialog(parent_window(), cell(), 0);
-    EXPECT_EQ(dialog.get_title(), "Kalender");
-    const char* names[] = {"Rodenwald PM 1",        "Rodenwald Werk",     "Rodenwald Standard",
-                           "Rodenwald Zweischicht", "PM 1 mit 2er Block", "Werk mit 2er Block",
-                           "Quorvel Veldheim",      "Hallner Karton"};
-    const char* third = "Rodenwald Papier Standard Schichtkalender mit fünf Kolumnen";
-    ASSERT_EQ(dialog.get_entry_count(), 8);
-    for (int i = 0; i < 8; ++i)
-        EXPECT_EQ(test::accessible_name(dialog.get_button(i)), names[i]);
-    const Glib::RefPtr<Atk::Object> accessible = dialog.get_button(2).get_accessible();
-    EXPECT_EQ(accessible->get_description(), third);
-    EXPECT_EQ(dialog.get_button(1).get_accessible()->get_description(),
-              "Rodenwald Papier Standart Schichtkalender");
+TEST(NoteMenu, EntriesReturnTheirChoice) {
+    expect_entries<NoteMenuDialog, NoteMenuChoice>({
+        {"Tagesnotiz", "Eingabe einer Notiz für einen Tag", GDK_KEY_t, NoteMenuChoice::DailyNote},
+        {"Periodische Notiz", "Eingabe einer sich in Tagesabständen wiederholenden Notiz",
+         GDK_KEY_p, NoteMenuChoice::PeriodicNote},
+        {"Jährliche Notiz", "Eingabe einer sich in jährlich wiederholenden Notiz", GDK_KEY_j,
+         NoteMenuChoice::YearlyNote},
+        {"Wochentag im Monat",
+         "Eingabe sich an einen bestimmten Wochentag im Monat wiederholenden Notiz", GDK_KEY_w,
+         NoteMenuChoice::WeekdayNote},
+        {"Kalendermarkierung", "Eingabe einer Markierung zwischen zwei Tagen in wählbarer Farbe",
+         GDK_KEY_k, NoteMenuChoice::CalendarMarking},
+        {"Schichtmarkierung", "Eingabe eines abweichenden Arbeitseinsatzes", GDK_KEY_s,
+         NoteMenuChoice::ShiftMarking},
+        {"Löschen", "Löscht die ausgewählten eingaben bis zum gewählten Datum", GDK_KEY_l,
+         NoteMenuChoice::Delete},
+        {"Übersicht", "Übersicht der Notizen für die angezeigten Monate", GDK_KEY_u,
+         NoteMenuChoice::Overview},
+        {"Info", "Informationen zu den Notizeingaben", GDK_KEY_i, NoteMenuChoice::Info},
+    });
+    EXPECT_EQ(note_kind_of(NoteMenuChoice::WeekdayNote), notes::NoteKind::Weekday);
+    EXPECT_EQ(note_kind_of(NoteMenuChoice::DailyNote), notes::NoteKind::Daily);
+    EXPECT_FALSE(note_kind_of(NoteMenuChoice::ShiftMarking));
 }
 
-// A click on the n-th button gives the n-th model of the order 0 1 5 2 3 4 6 7.
-TEST(ModelChooser, ClickReturnsTheModel) {
-    const int order[] = {0, 1, 5, 2, 3, 4, 6, 7};
+// F9 runs the menu and returns its choice, nothing after Escape.
+TEST(NoteMenu, ChooseFromNoteMenu) {
+    for (const auto& [key, expected] :
+         {std::pair{GDK_KEY_w, std::optional(NoteMenuChoice::WeekdayNote)},
+          std::pair{GDK_KEY_Escape, std::optional<NoteMenuChoice>()}}) {
+        std::optional<NoteMenuChoice> choice = NoteMenuChoice::Info;
+        test::play({test::press("Notiz", key)},
+                   [&] { choice = choose_from_note_menu(parent_window(), cell()); });
+        EXPECT_EQ(choice, expected) << gdk_keyval_name(key);
+    }
+}
+
+// The n-th button is named for the n-th model of the order 0 1 5 2 3 4 6 7
+// and a click on it gives that model.
+TEST(ModelChooser, EntriesInChooserOrder) {
+    const std::pair<const char*, int> entries[] = {
+        {"Rodenwald PM 1", 0},        {"Rodenwald Werk", 1},     {"Rodenwald Standard", 5},
+        {"Rodenwald Zweischicht", 2}, {"PM 1 mit 2er Block", 3}, {"Werk mit 2er Block", 4},
+        {"Quorvel Veldheim", 6},      {"Hallner Karton", 7}};
     for (int i = 0; i < 8; ++i) {
         ModelChooserDialog dialog(parent_window(), cell(), 0);
+        ASSERT_EQ(dialog.get_entry_count(), 8);
+        EXPECT_EQ(test::accessible_name(dialog.get_button(i)), entries[i].first);
         EXPECT_EQ(test::run_dialog(dialog, [&] { dialog.get_button(i).clicked(); }),
                   Gtk::RESPONSE_OK);
-        EXPECT_EQ(dialog.get_model(), order[i]) << i;
+        EXPECT_EQ(dialog.get_model(), entries[i].second) << i;
     }
+    ModelChooserDialog dialog(parent_window(), cell(), 0);
+    EXPECT_EQ(dialog.get_button(2).get_accessible()->get_description(),
+              "Rodenwald Papier Standard Schichtkalender mit fünf Kolumnen");
+    EXPECT_EQ(dialog.get_button(1).get_accessible()->get_description(),
+              "Rodenwald Papier Standart Schichtkalender");
 }
 
 // The current model has the focus; the cursor keys move it, Return chooses.

@@ -3,17 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <memory>
+#include <set>
 
 namespace sk::app::test {
 
 view::CellSize cell() {
     static const view::CellSize measured = view::TextShaper(view::FontSpec{}).cell();
     return measured;
-}
-
-view::CellSize large_cell() {
-    return {cell().width * 2, cell().height * 2};
 }
 
 Gtk::Window& parent_window() {
@@ -95,32 +91,10 @@ void type_text(Gtk::Widget& widget, const Glib::ustring& text) {
         send_key(widget, gdk_unicode_to_keyval(c));
 }
 
-int run_dialog(Gtk::Dialog& dialog, const std::function<void()>& action) {
-    bool timed_out = false;
-    bool done = false;
-    sigc::connection guard = Glib::signal_timeout().connect(
-        [&] {
-            timed_out = true;
-            dialog.response(kTimedOut);
-            return false;
-        },
-        10000);
-    // The action runs once the dialog is mapped, from the dialog's own loop.
-    sigc::connection starter = Glib::signal_timeout().connect(
-        [&] {
-            if (done || !dialog.get_mapped()) return !done;
-            done = true;
-            focus_window(dialog);
-            action();
-            return false;
-        },
-        5);
-    const int response = dialog.run();
-    guard.disconnect();
-    starter.disconnect();
-    dialog.hide();
-    EXPECT_FALSE(timed_out) << "the dialog \"" << dialog.get_title() << "\" stayed open";
-    return response;
+void retype(Gtk::Entry& entry, const Glib::ustring& text) {
+    entry.grab_focus();
+    entry.select_region(0, -1);
+    type_text(entry, text);
 }
 
 std::string accessible_name(Gtk::Widget& widget) {
@@ -128,63 +102,131 @@ std::string accessible_name(Gtk::Widget& widget) {
     return accessible ? accessible->get_name().raw() : std::string();
 }
 
-}  // namespace sk::app::test
-
-namespace sk::app::test {
-
-Gtk::Window* shown_window(const Glib::ustring& title) {
-    for (Gtk::Window* window : Gtk::Window::list_toplevels())
-        if (window->get_mapped() && window->get_title() == title) return window;
-    return nullptr;
+std::string message_text(Gtk::Window& window) {
+    auto* box = dynamic_cast<Gtk::MessageDialog*>(&window);
+    return box ? box->property_text().get_value().raw() : std::string();
 }
 
-DialogAnswerer::DialogAnswerer(const Glib::ustring& title, int response, int times)
-    : m_title(title), m_response(response), m_times(times) {
+DialogAnswerer::DialogAnswerer(const Glib::ustring& title, int response, int times) {
     m_poll = Glib::signal_timeout().connect(
-        [this] {
-            auto* dialog = dynamic_cast<Gtk::Dialog*>(shown_window(m_title));
-            if (!dialog) return true;
-            auto* message = dynamic_cast<Gtk::MessageDialog*>(dialog);
-            m_texts.push_back(message ? message->property_text().get_value().raw() : "");
-            dialog->response(m_response);
-            return count() < m_times;
+        [this, title, response, times] {
+            for (Gtk::Window* window : Gtk::Window::list_toplevels()) {
+                auto* dialog = dynamic_cast<Gtk::Dialog*>(window);
+                if (!dialog || !dialog->get_mapped() || dialog->get_title() != title) continue;
+                m_texts.push_back(message_text(*dialog));
+                dialog->response(response);
+                break;
+            }
+            return count() < times;
         },
         5);
 }
 
-DialogAnswerer::~DialogAnswerer() {
-    m_poll.disconnect();
-}
+namespace {
 
-void run_with(const Glib::ustring& title, const std::function<void()>& call,
-              const std::function<void(Gtk::Window&)>& action) {
-    bool acted = false;
-    bool timed_out = false;
-    sigc::connection starter = Glib::signal_timeout().connect(
-        [&] {
-            Gtk::Window* window = shown_window(title);
-            if (!window) return true;
-            acted = true;
-            focus_window(*window);
-            action(*window);
-            return false;
-        },
-        5);
-    sigc::connection guard = Glib::signal_timeout().connect(
-        [&] {
-            timed_out = true;
-            for (Gtk::Window* window : Gtk::Window::list_toplevels())
-                if (auto* dialog = dynamic_cast<Gtk::Dialog*>(window);
-                    dialog && dialog->get_mapped())
-                    dialog->response(kTimedOut);
+class DialogScript {
+  public:
+    explicit DialogScript(std::vector<ScriptStep> steps)
+        : m_steps(std::move(steps)), m_progress(std::chrono::steady_clock::now()) {
+        m_poll = Glib::signal_timeout().connect(sigc::mem_fun(*this, &DialogScript::poll), 5);
+    }
+    ~DialogScript() {
+        m_poll.disconnect();
+        m_unmapped.disconnect();
+    }
+
+    bool done() const { return m_next == m_steps.size(); }
+    bool poll();
+
+    std::vector<ScriptStep> m_steps;
+    std::size_t m_next = 0;
+    std::set<GtkWindow*> m_mapped;
+    GtkWindow* m_handled = nullptr;  // acted on and not yet unmapped
+    sigc::connection m_unmapped;
+    std::vector<std::string> m_shown;
+    std::chrono::steady_clock::time_point m_progress;
+    sigc::connection m_poll;
+};
+
+bool DialogScript::poll() {
+    // The C list: a window destroyed from C++ may linger in it unmapped until
+    // finalised, and wrapping it again would make a second C++ object.
+    std::set<GtkWindow*> mapped;
+    std::vector<GtkWindow*> in_order;
+    GList* windows = gtk_window_list_toplevels();
+    for (GList* at = windows; at; at = at->next) {
+        auto* window = static_cast<GtkWindow*>(at->data);
+        if (gtk_widget_get_mapped(GTK_WIDGET(window)) && window != parent_window().gobj()) {
+            mapped.insert(window);
+            in_order.push_back(window);
+        }
+    }
+    g_list_free(windows);
+    const auto title_of = [](GtkWindow* window) {
+        const char* title = gtk_window_get_title(window);
+        return std::string(title ? title : "");
+    };
+    for (GtkWindow* window : in_order)
+        if (!m_mapped.count(window)) m_shown.push_back(title_of(window));
+    m_mapped = mapped;
+
+    const auto now = std::chrono::steady_clock::now();
+    if (!done()) {
+        // Under a modal window (the one holding the grab) no window gets the
+        // keys: a step waits until that one is gone.
+        GtkWidget* grab = gtk_grab_get_current();
+        for (GtkWindow* window : in_order) {
+            const Glib::ustring& title = m_steps[m_next].title;
+            if (window == m_handled || (!title.empty() && title_of(window) != title.raw()) ||
+                (grab && gtk_widget_get_toplevel(grab) != GTK_WIDGET(window)))
+                continue;
+            Gtk::Window& shown = *Glib::wrap(window);
+            // Until it is unmapped the window is not acted on again; a
+            // further step of the same title waits for the next one.
+            m_handled = window;
+            m_unmapped.disconnect();
+            m_unmapped = shown.signal_unmap().connect([this] { m_handled = nullptr; });
+            m_progress = now;
+            focus_window(shown);
+            m_steps[m_next++].action(shown);
             return true;
-        },
-        10000);
+        }
+    }
+    if (!mapped.empty() && now - m_progress > std::chrono::seconds(10)) {
+        std::string open;
+        for (GtkWindow* window : in_order)
+            open += " \"" + title_of(window) + "\"";
+        ADD_FAILURE() << "no step for 10 s; next: \"" << (done() ? "" : m_steps[m_next].title.raw())
+                      << "\", open:" << open;
+        for (GtkWindow* window : in_order)
+            if (GTK_IS_DIALOG(window)) gtk_dialog_response(GTK_DIALOG(window), GTK_RESPONSE_CANCEL);
+        m_progress = now;
+    }
+    return true;
+}
+
+}  // namespace
+
+std::vector<std::string> play(std::vector<ScriptStep> steps, const std::function<void()>& call) {
+    DialogScript script(std::move(steps));
     call();
-    starter.disconnect();
-    guard.disconnect();
-    EXPECT_TRUE(acted) << "\"" << title << "\" was not shown";
-    EXPECT_FALSE(timed_out) << "\"" << title << "\" stayed open";
+    EXPECT_TRUE(script.done()) << "steps left";
+    return script.m_shown;
+}
+
+int run_dialog(Gtk::Dialog& dialog, const std::function<void()>& action) {
+    int response = 0;
+    play({{dialog.get_title(), [&](Gtk::Window&) { action(); }}}, [&] { response = dialog.run(); });
+    dialog.hide();
+    return response;
+}
+
+ScriptStep press(const Glib::ustring& title, guint key, GdkModifierType state) {
+    return {title, [key, state](Gtk::Window& w) { send_key(w, key, state); }};
+}
+
+void later(std::function<void()> action) {
+    Glib::signal_idle().connect_once(std::move(action));
 }
 
 }  // namespace sk::app::test

@@ -16,8 +16,6 @@ namespace sk::app::test {
 
 // The character cell of the test font (DejaVu Sans 10, fonts.conf).
 view::CellSize cell();
-// A cell twice as large, to check that windows scale with it.
-view::CellSize large_cell();
 
 // A shown top-level window to be the parent of the dialogs.
 Gtk::Window& parent_window();
@@ -34,22 +32,17 @@ void focus_window(Gtk::Window& window);
 void send_key(Gtk::Widget& widget, guint keyval, GdkModifierType state = GdkModifierType(0));
 // Types the characters one key press each.
 void type_text(Gtk::Widget& widget, const Glib::ustring& text);
+// Gives the entry the focus and types `text` over all it holds.
+void retype(Gtk::Entry& entry, const Glib::ustring& text);
 
 // Runs the dialog modally as the program does and calls `action` once it is
-// on the screen and focused; returns run()'s response. A dialog still open after ten
-// seconds is closed with kTimedOut.
-inline constexpr int kTimedOut = -1000;
+// on the screen and focused (see `play`); returns run()'s response.
 int run_dialog(Gtk::Dialog& dialog, const std::function<void()>& action);
 
 // The accessible name of a widget.
 std::string accessible_name(Gtk::Widget& widget);
-
-}  // namespace sk::app::test
-
-namespace sk::app::test {
-
-// The shown (mapped) top-level window with the title, or nullptr.
-Gtk::Window* shown_window(const Glib::ustring& title);
+// The text of a message box.
+std::string message_text(Gtk::Window& window);
 
 // Answers dialogs titled `title` with `response` as soon as they are shown,
 // also while another dialog's run() waits, at most `times` of them. Keeps
@@ -57,7 +50,7 @@ Gtk::Window* shown_window(const Glib::ustring& title);
 class DialogAnswerer {
   public:
     DialogAnswerer(const Glib::ustring& title, int response, int times = 1);
-    ~DialogAnswerer();
+    ~DialogAnswerer() { m_poll.disconnect(); }
     DialogAnswerer(const DialogAnswerer&) = delete;
     DialogAnswerer& operator=(const DialogAnswerer&) = delete;
 
@@ -65,17 +58,36 @@ class DialogAnswerer {
     const std::vector<std::string>& texts() const { return m_texts; }
 
   private:
-    Glib::ustring m_title;
-    int m_response;
-    int m_times;
     std::vector<std::string> m_texts;
     sigc::connection m_poll;
 };
 
-// Calls `call`, which runs a modal window titled `title` (as the program's
-// note commands do), and calls `action` with that window once it is shown
-// and focused. Windows still open after ten seconds are closed.
-void run_with(const Glib::ustring& title, const std::function<void()>& call,
-              const std::function<void(Gtk::Window&)>& action);
+// Playing the user for windows that the code under test opens and runs by
+// itself: `play` calls `call` while each step waits until a window of its
+// title (any window for an empty title) is shown, gives it the focus and
+// runs its action on it; the steps have to run to their end. Returns the
+// titles of the windows shown, in order, once for each time shown, so a
+// test can tell that a dialog did not open. Should a step wait 10 seconds
+// without any window to act on, every open dialog is answered with
+// Gtk::RESPONSE_CANCEL, so the test fails instead of hanging.
+//
+// An action runs inside a main-loop callback that does not run again until
+// it returns: an action that opens a further modal window (a click on the
+// colour button) must do so from an idle callback (`later`).
+struct ScriptStep {
+    Glib::ustring title;
+    std::function<void(Gtk::Window&)> action;
+};
+std::vector<std::string> play(std::vector<ScriptStep> steps, const std::function<void()>& call);
+// A step whose action takes the window as the W it is.
+template <class W>
+ScriptStep on(const Glib::ustring& title, std::function<void(W&)> action) {
+    return {title, [action](Gtk::Window& w) { action(dynamic_cast<W&>(w)); }};
+}
+// A step that presses a key.
+ScriptStep press(const Glib::ustring& title, guint key, GdkModifierType state = GdkModifierType(0));
+
+// Runs `action` from an idle callback of the main loop.
+void later(std::function<void()> action);
 
 }  // namespace sk::app::test

@@ -3,14 +3,12 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cstring>
 #include <filesystem>
-#include <memory>
 
 #include "app/login_dialog.hpp"
-#include "app/message_box.hpp"
 #include "app/page_printer.hpp"
 #include "app/settings_dialog.hpp"
-#include "app/text_window.hpp"
 #include "app/user_commands.hpp"
 #include "gui_support.hpp"
 #include "session/user_switch.hpp"
@@ -30,47 +28,18 @@ bool ok_sensitive(Gtk::Dialog& dialog) {
     return dialog.get_widget_for_response(Gtk::RESPONSE_OK)->get_sensitive();
 }
 
-// Calls `action` from the main loop once a dialog of type T is on the screen
-// and focused, without blocking the loop in between (a button's activation
-// and a nested dialog's loop need it). After ten seconds without one the
-// test fails and every open dialog is closed, so that nothing hangs.
-template <class T>
-void when_shown(std::function<void(T&)> action) {
-    auto polls = std::make_shared<int>(0);
-    Glib::signal_timeout().connect(
-        [action, polls] {
-            for (Gtk::Window* w : Gtk::Window::list_toplevels()) {
-                if (auto* d = dynamic_cast<T*>(w); d && d->get_mapped()) {
-                    test::focus_window(*d);
-                    action(*d);
-                    return false;
-                }
-            }
-            if (++*polls < 1000) return true;
-            ADD_FAILURE() << "no such dialog appeared";
-            for (Gtk::Window* w : Gtk::Window::list_toplevels())
-                if (auto* d = dynamic_cast<Gtk::Dialog*>(w); d && d->get_visible())
-                    d->response(Gtk::RESPONSE_DELETE_EVENT);
-            return false;
-        },
-        10);
-}
-
-TEST(LoginDialog, NameFirstThenHiddenPassword) {
-    LoginDialog dialog(parent_window(), cell(), "Programm");
-    const int response = test::run_dialog(dialog, [&] {
-        Gtk::Entry& user = dialog.get_user_entry();
-        EXPECT_TRUE(user.has_focus());
-        EXPECT_FALSE(dialog.get_password_entry().get_visibility());
-        test::type_text(user, "Jürgen");  // replaces the selected "Programm"
-        test::send_key(user, GDK_KEY_Tab);
-        EXPECT_TRUE(dialog.get_password_entry().has_focus());
-        test::type_text(dialog.get_password_entry(), "Geheim€");
-        test::send_key(dialog.get_password_entry(), GDK_KEY_Return);
+// Types `user` over the proposed name, Tab, the hidden `password`, Return;
+// Escape when the name is refused.
+test::ScriptStep log_in(const char* user, const char* password) {
+    return test::on<LoginDialog>("Anmelden", [user, password](LoginDialog& d) {
+        test::type_text(d.get_user_entry(), user);
+        test::send_key(d.get_user_entry(), GDK_KEY_Tab);
+        EXPECT_TRUE(d.get_password_entry().has_focus());
+        EXPECT_FALSE(d.get_password_entry().get_visibility());
+        test::type_text(d.get_password_entry(), password);
+        test::send_key(d.get_password_entry(), GDK_KEY_Return);
+        if (!ok_sensitive(d)) test::send_key(d, GDK_KEY_Escape);
     });
-    EXPECT_EQ(response, Gtk::RESPONSE_OK);
-    EXPECT_EQ(dialog.get_user(), "Jürgen");
-    EXPECT_EQ(dialog.get_password(), "Geheim€");
 }
 
 TEST(LoginDialog, RefusedNamesKeepTheWindowOpen) {
@@ -95,26 +64,15 @@ TEST(LoginDialog, RefusedNamesKeepTheWindowOpen) {
 TEST(LoginFlow, RefusedThenAccepted) {
     sk::test::TempDir dir;
     session::Session s = *session::open_session({.data_root = dir / "SKDaten"}).session;
-    bool done = false;
-    when_shown<LoginDialog>([](LoginDialog& d) {
-        test::type_text(d.get_user_entry(), "a/b");
-        test::send_key(d.get_user_entry(), GDK_KEY_Return);
-        test::send_key(d.get_user_entry(), GDK_KEY_Escape);
-    });
-    EXPECT_FALSE(run_login(parent_window(), cell(), s));
+    bool accepted = true;
+    test::play({log_in("a/b", "")}, [&] { accepted = run_login(parent_window(), cell(), s); });
+    EXPECT_FALSE(accepted);
     EXPECT_EQ(s.user, "Programm");
     EXPECT_EQ((std::vector<fs::path>(fs::directory_iterator(dir / "SKDaten"), {})),
               std::vector<fs::path>{dir / "SKDaten" / "Programm"});
 
-    when_shown<LoginDialog>([&](LoginDialog& d) {
-        test::type_text(d.get_user_entry(), "Anna");
-        test::send_key(d.get_user_entry(), GDK_KEY_Tab);
-        test::type_text(d.get_password_entry(), "€");
-        test::send_key(d.get_password_entry(), GDK_KEY_Return);
-        done = true;
-    });
-    EXPECT_TRUE(run_login(parent_window(), cell(), s));
-    EXPECT_TRUE(done);
+    test::play({log_in("Anna", "€")}, [&] { accepted = run_login(parent_window(), cell(), s); });
+    EXPECT_TRUE(accepted);
     EXPECT_EQ(s.user, "Anna");
     EXPECT_EQ(s.password_latin9, "\xA4");
     EXPECT_TRUE(fs::exists(dir / "SKDaten" / "Anna" / "Einstellungen.dat"));
@@ -126,7 +84,6 @@ TEST(SettingsDialog, TypedValuesGiveTheWritersFile) {
     EXPECT_EQ(dialog.get_settings(), current);  // nothing typed, nothing changed
     const int response = test::run_dialog(dialog, [&] {
         Gtk::Entry& place = dialog.get_place_entry();
-        EXPECT_TRUE(place.has_focus());
         test::type_text(place, "Weißenstadt");
         test::send_key(place, GDK_KEY_m, GDK_MOD1_MASK);  // "_Mondphasen anzeigen"
         EXPECT_TRUE(dialog.get_moon_phases_box().get_active());
@@ -148,9 +105,7 @@ TEST(SettingsDialog, InvalidCoordinateBlocksSaving) {
     SettingsDialog dialog(parent_window(), cell(), settings::Settings{});
     const int response = test::run_dialog(dialog, [&] {
         Gtk::Entry& latitude = dialog.get_latitude_entry();
-        latitude.grab_focus();
-        latitude.select_region(0, -1);
-        test::type_text(latitude, "49.0x");
+        test::retype(latitude, "49.0x");
         EXPECT_FALSE(ok_sensitive(dialog));
         EXPECT_NE(dialog.get_hint().raw().find("Breite"), std::string::npos) << dialog.get_hint();
         test::send_key(latitude, GDK_KEY_Return);
@@ -161,9 +116,7 @@ TEST(SettingsDialog, InvalidCoordinateBlocksSaving) {
         EXPECT_EQ(dialog.get_hint(), "");
         // Longitude typed with a sign: the box gives the direction instead.
         Gtk::Entry& longitude = dialog.get_longitude_entry();
-        longitude.grab_focus();
-        longitude.select_region(0, -1);
-        test::type_text(longitude, "-12.06");
+        test::retype(longitude, "-12.06");
         EXPECT_FALSE(ok_sensitive(dialog));
         EXPECT_NE(dialog.get_hint().raw().find("West"), std::string::npos);
         test::send_key(longitude, GDK_KEY_Escape);
@@ -173,19 +126,17 @@ TEST(SettingsDialog, InvalidCoordinateBlocksSaving) {
 
 TEST(SettingsDialog, HelpOpensTheTextAndKeepsTheDialog) {
     SettingsDialog dialog(parent_window(), cell(), settings::Settings{});
-    bool help_seen = false;
-    const int response = test::run_dialog(dialog, [&] {
-        when_shown<HelpWindow>([&](HelpWindow& help) {
-            help_seen = help.get_title() == "Programmeinstellungen";
-            test::send_key(help, GDK_KEY_Escape);
-            // Back in the settings, which stayed open.
-            when_shown<SettingsDialog>(
-                [](SettingsDialog& d) { test::send_key(d, GDK_KEY_Escape); });
-        });
-        test::send_key(dialog, GDK_KEY_h, GDK_MOD1_MASK);  // "_Hilfe"
-    });
-    EXPECT_TRUE(help_seen);
+    int response = 0;
+    // "_Hilfe"; the settings stay open under the help text.
+    const auto shown = test::play({test::press("Programmeinstellungen", GDK_KEY_Escape),
+                                   test::press("Einstellungen", GDK_KEY_Escape)},
+                                  [&] {
+                                      response = test::run_dialog(dialog, [&] {
+                                          test::send_key(dialog, GDK_KEY_h, GDK_MOD1_MASK);
+                                      });
+                                  });
     EXPECT_EQ(response, Gtk::RESPONSE_CANCEL);
+    EXPECT_EQ(shown, (std::vector<std::string>{"Einstellungen", "Programmeinstellungen"}));
 }
 
 // "Nein" (and Escape) to the question takes the existing files over.
@@ -198,15 +149,14 @@ TEST(DataRootFlow, QuestionOnAnExistingDirectory) {
         sk::test::write_bytes(dir / "Neu" / "Programm" / "Einstellungen.dat",
                               "[Astronomie]\nOrtsname = Ziel\n");
         std::string question;
-        when_shown<QuestionBox>([&](QuestionBox& box) {
-            question = box.property_text().get_value().raw();
-            if (yes)
-                test::send_key(box, GDK_KEY_j, GDK_MOD1_MASK);  // "_Ja"
-            else
-                test::send_key(box, GDK_KEY_Escape);
-        });
         DataRootChange change(parent_window(), s, dir / "SKDaten" / "Programm");
-        EXPECT_TRUE(change.move_to(dir / "Neu"));
+        test::play({{"Frage",
+                     [&](Gtk::Window& box) {
+                         question = test::message_text(box);
+                         test::send_key(box, yes ? GDK_KEY_j : GDK_KEY_Escape,
+                                        yes ? GDK_MOD1_MASK : GdkModifierType(0));  // "_Ja"
+                     }}},
+                   [&] { EXPECT_TRUE(change.move_to(dir / "Neu")); });
         EXPECT_EQ(question, session::kExistingDirectoryQuestion);
         EXPECT_EQ(s.user_dir, dir / "Neu" / "Programm");
         EXPECT_EQ(s.settings.place_name, yes ? "Altdorf" : "Ziel");
@@ -228,34 +178,33 @@ TEST(PagePrinter, PrintsOneLandscapePageToAFile) {
     printer.print_settings()->set_printer("Print to File");
     printer.print_settings()->set(GTK_PRINT_SETTINGS_OUTPUT_FILE_FORMAT, "pdf");
     printer.print_settings()->set(GTK_PRINT_SETTINGS_OUTPUT_URI, "file://" + pdf.string());
-    bool dialog_seen = false;
-    when_shown<Gtk::Dialog>([&](Gtk::Dialog& dialog) {
-        dialog_seen = true;
-        // "Print" becomes sensitive once the file printer is listed and chosen.
-        Glib::signal_timeout().connect(
-            [&dialog] {
-                Gtk::Widget* print = dialog.get_widget_for_response(Gtk::RESPONSE_OK);
-                if (!print || !print->get_sensitive()) return true;
-                test::send_key(dialog, GDK_KEY_Return);
-                return false;
-            },
-            10);
-    });
-    const auto result = printer.print(parent_window(), layout);
-    EXPECT_TRUE(dialog_seen);
+    Gtk::PrintOperationResult result{};
+    test::play({{"",
+                 [](Gtk::Window& dialog) {
+                     // "Print" becomes sensitive once the file printer is listed and chosen.
+                     Glib::signal_timeout().connect(
+                         [&dialog] {
+                             Gtk::Widget* print =
+                                 dynamic_cast<Gtk::Dialog&>(dialog).get_widget_for_response(
+                                     Gtk::RESPONSE_OK);
+                             if (!print || !print->get_sensitive()) return true;
+                             test::send_key(dialog, GDK_KEY_Return);
+                             return false;
+                         },
+                         10);
+                 }}},
+               [&] { result = printer.print(parent_window(), layout); });
     EXPECT_EQ(result, Gtk::PRINT_OPERATION_RESULT_APPLY) << printer.error();
     ASSERT_TRUE(test::wait_until([&] { return fs::exists(pdf) && fs::file_size(pdf) > 0; }));
     const sk::test::CommandResult info = sk::test::run_command("pdfinfo '" + pdf.string() + "'");
     ASSERT_EQ(info.status, 0) << info.err;
     int pages = 0;
     double width = 0, height = 0;
-    const auto pages_at = info.out.find("Pages:");
-    ASSERT_NE(pages_at, std::string::npos);
-    ASSERT_EQ(std::sscanf(info.out.c_str() + pages_at, "Pages: %d", &pages), 1);
+    const char* at = std::strstr(info.out.c_str(), "Pages:");
+    ASSERT_TRUE(at && std::sscanf(at, "Pages: %d", &pages) == 1) << info.out;
     EXPECT_EQ(pages, 1);
-    const auto at = info.out.find("Page size:");
-    ASSERT_NE(at, std::string::npos);
-    ASSERT_EQ(std::sscanf(info.out.c_str() + at, "Page size: %lf x %lf", &width, &height), 2);
+    at = std::strstr(info.out.c_str(), "Page size:");
+    ASSERT_TRUE(at && std::sscanf(at, "Page size: %lf x %lf", &width, &height) == 2) << info.out;
     EXPECT_GT(width, height) << info.out;
     // The settings of this print are kept for the next one of the run.
     EXPECT_EQ(printer.print_settings()->get(GTK_PRINT_SETTINGS_OUTPUT_URI),

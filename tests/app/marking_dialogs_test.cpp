@@ -10,9 +10,7 @@
 #include "app/marking_actions.hpp"
 #include "app/shift_column_dialog.hpp"
 #include "app/shift_marking_dialog.hpp"
-#include "app/ui_support.hpp"
 #include "app/vacation_dialog.hpp"
-#include "dialog_script.hpp"
 #include "gui_support.hpp"
 #include "marks/account_files.hpp"
 #include "marks/calendar_markings.hpp"
@@ -24,324 +22,231 @@ namespace {
 
 using calendar::Day;
 using test::cell;
-using test::DialogScript;
+using test::on;
 using test::parent_window;
+using test::play;
+using test::press;
+using test::send_key;
 using TempDir = sk::test::TempDir;
 
 const Day kTuesday = Day::from_date(2024, 2, 5);  // 05.03.2024
-const Day kSunday = Day::from_date(2024, 5, 16);  // 16.06.2024
 const Day kToday = Day::from_date(2024, 5, 20);
 
-session::Session session_in(const TempDir& dir, int model) {
-    session::Session session;
-    session.data_root = dir.path();
-    session.user_dir = dir.path();
-    session.settings.model = model;
-    return session;
-}
-
-bool empty_dir(const TempDir& dir) {
-    return std::filesystem::is_empty(dir.path());
-}
-
-// Runs the action with the script's steps; the script must have run to its
-// end without a window left waiting.
-template <typename Action>
-auto play(std::vector<test::ScriptStep> steps, Action action) {
-    DialogScript script(std::move(steps));
-    const auto result = action();
-    EXPECT_TRUE(script.done()) << "steps left";
-    EXPECT_FALSE(script.timed_out());
-    return std::make_pair(result, script.shown());
-}
-
-test::ScriptStep press(const char* title, guint key, GdkModifierType state = GdkModifierType(0)) {
-    return {title, [key, state](Gtk::Window& w) { test::send_key(w, key, state); }};
-}
-
-std::vector<marks::ShiftMarking> markings_on_disk(const TempDir& dir) {
-    return marks::load_shift_markings(dir.path()).items;
-}
-
 constexpr char kShiftTitle[] = "Schichtmarkierung eingeben";
+constexpr char kColumnTitle[] = "Schichtspalte eingeben";
+constexpr char kBarTitle[] = "Eingabe einer Kalendermarkierung";
 
-// Key 1 on a day in model 7, then "U": "Nacht", code 2, in column 1.
-TEST(ShiftMarkingEntry, KeyUInModel7StoresCode2) {
+// A session of the model in a directory of its own.
+struct Plan {
+    explicit Plan(int model = 1) {
+        session.data_root = session.user_dir = dir.path();
+        session.settings.model = model;
+    }
+    std::vector<marks::ShiftMarking> markings_on_disk() const {
+        return marks::load_shift_markings(dir.path()).items;
+    }
+
     TempDir dir;
-    session::Session session = session_in(dir, 7);
-    const auto [changed, shown] =
-        play({{kShiftTitle,
-               [](Gtk::Window& w) {
-                   auto& dialog = dynamic_cast<ShiftMarkingDialog&>(w);
-                   EXPECT_EQ(dialog.get_heading(), " Schicht A am 05.03.2024");
-                   EXPECT_EQ(dialog.get_code_count(), 9);
-                   EXPECT_FALSE(dialog.get_selected_code());  // an unmarked day: nothing chosen
-                   EXPECT_FALSE(dialog.get_accept_button().get_sensitive());
-                   test::send_key(w, GDK_KEY_u);
-               }}},
-             [&] { return edit_shift_marking(parent_window(), cell(), session, kTuesday, 1); });
-    EXPECT_TRUE(changed);
-    EXPECT_EQ(markings_on_disk(dir), (std::vector<marks::ShiftMarking>{{kTuesday.number, 1, 2}}));
-    EXPECT_FALSE(session.shift_markings.changed);  // written at once
-}
+    session::Session session;
+};
+struct MarkingTest : ::testing::Test, Plan {};
 
-// Each key and the way it ends, on an unmarked day or one marked with code 2.
+// Key 2 on a day unmarked or marked with code 2: each key and the way it
+// ends. Saving waits while nothing is chosen; the file is written at once.
 TEST(ShiftMarkingEntry, KeysAndTheirCodes) {
     struct Case {
         const char* what;
         int model;
-        std::optional<int> before;
+        int before;  // the code of the day, -1: unmarked
         std::vector<guint> keys;
-        std::optional<int> after;  // the code on disk; nullopt: no marking
+        int after;  // the code on disk, -1: none
         bool changed;
     };
     const Case cases[] = {
-        {"X", 1, std::nullopt, {GDK_KEY_x}, 0, true},
-        {"shifted A", 1, std::nullopt, {GDK_KEY_A}, 5, true},
-        {"Delete removes", 1, 2, {GDK_KEY_Delete}, std::nullopt, true},
-        {"Delete is Krank in model 6", 6, std::nullopt, {GDK_KEY_Delete}, 6, true},
+        {"X", 1, -1, {GDK_KEY_x}, 0, true},
+        {"Delete removes", 1, 2, {GDK_KEY_Delete}, -1, true},
+        {"Delete is Krank in model 6", 6, -1, {GDK_KEY_Delete}, 6, true},
         {"Return keeps the marking", 1, 2, {GDK_KEY_Return}, 2, false},
-        {"Return waits on an unmarked day",
-         1,
-         std::nullopt,
-         {GDK_KEY_Return, GDK_KEY_Escape},
-         std::nullopt,
-         false},
+        {"Return waits on an unmarked day", 1, -1, {GDK_KEY_Return, GDK_KEY_Escape}, -1, false},
         {"arrow and Return", 1, 2, {GDK_KEY_Down, GDK_KEY_Return}, 3, true},
-        {"space on the focused button", 0, std::nullopt, {GDK_KEY_space, GDK_KEY_Return}, 0, true},
+        {"space on the focused button", 0, -1, {GDK_KEY_space, GDK_KEY_Return}, 0, true},
         {"Escape", 1, 2, {GDK_KEY_Escape}, 2, false},
         {"L, then Escape too late", 1, 2, {GDK_KEY_l, GDK_KEY_Escape}, 3, true},
     };
     for (const Case& c : cases) {
-        TempDir dir;
-        session::Session session = session_in(dir, c.model);
-        if (c.before) {
-            marks::apply_marking(session.shift_markings, kTuesday.number, 2, *c.before, c.model);
-            ASSERT_TRUE(marks::save_shift_markings(dir.path(), session.shift_markings));
+        Plan t(c.model);
+        if (c.before >= 0) {
+            marks::apply_marking(t.session.shift_markings, kTuesday.number, 2, c.before, c.model);
+            ASSERT_TRUE(marks::save_shift_markings(t.dir.path(), t.session.shift_markings));
         }
-        const auto [changed, shown] =
-            play({{kShiftTitle,
-                   [&](Gtk::Window& w) {
-                       for (const guint key : c.keys)
-                           if (w.get_visible()) test::send_key(w, key);
-                   }}},
-                 [&] { return edit_shift_marking(parent_window(), cell(), session, kTuesday, 2); });
+        bool changed = false;
+        play(
+            {on<ShiftMarkingDialog>(kShiftTitle,
+                                    [&](ShiftMarkingDialog& d) {
+                                        EXPECT_EQ(d.get_selected_code().value_or(-1), c.before);
+                                        EXPECT_EQ(d.get_accept_button().get_sensitive(),
+                                                  c.before >= 0);
+                                        for (const guint key : c.keys)
+                                            if (d.get_visible()) send_key(d, key);
+                                    })},
+            [&] { changed = edit_shift_marking(parent_window(), cell(), t.session, kTuesday, 2); });
         EXPECT_EQ(changed, c.changed) << c.what;
-        const auto on_disk = markings_on_disk(dir);
-        EXPECT_EQ(on_disk.empty(), !c.after) << c.what;
-        if (c.after && !on_disk.empty()) {
-            EXPECT_EQ(on_disk[0].code, *c.after) << c.what;
-        }
-        EXPECT_EQ(std::filesystem::exists(dir / "Schichtmarkierung.dat"), c.after.has_value())
-            << c.what;
+        const auto on_disk = t.markings_on_disk();
+        EXPECT_EQ(on_disk.empty() ? -1 : on_disk[0].code, c.after) << c.what;
+        EXPECT_FALSE(t.session.shift_markings.changed) << c.what;
     }
 }
 
 // A day that may not be marked says why and opens no dialog.
-TEST(ShiftMarkingEntry, RefusedDayShowsWhyAndOpensNoDialog) {
-    struct Case {
-        int model;
-        Day day;
-        int column;
-        const char* message;
-    };
-    for (const Case& c :
-         {Case{1, kSunday, 3,
-               "Der 16.06.2024 ist ein Sonntag: an einem Sonntag kann die Nachtschicht nicht "
-               "markiert werden."},
-          Case{0, kTuesday, 4,
-               "Die Verfügung kann nicht markiert werden, nur die Früh-, Spät- und Nachtschicht "
-               "(Tasten 1, 2 und 3)."}}) {
-        TempDir dir;
-        session::Session session = session_in(dir, c.model);
-        std::string message;
-        const auto [changed, shown] = play(
-            {{"Information",
-              [&](Gtk::Window& w) {
-                  message = test::message_text(w);
-                  test::send_key(w, GDK_KEY_Return);
-              }}},
-            [&] { return edit_shift_marking(parent_window(), cell(), session, c.day, c.column); });
-        EXPECT_FALSE(changed);
-        EXPECT_EQ(message, c.message);
-        EXPECT_EQ(shown, std::vector<std::string>{"Information"});
-        EXPECT_TRUE(empty_dir(dir));
-    }
+TEST_F(MarkingTest, RefusedDayShowsWhyAndOpensNoDialog) {
+    std::string message;
+    bool changed = true;
+    const auto shown = play({{"Information",
+                              [&](Gtk::Window& w) {
+                                  message = test::message_text(w);
+                                  send_key(w, GDK_KEY_Return);
+                              }}},
+                            [&] {
+                                changed = edit_shift_marking(parent_window(), cell(), session,
+                                                             Day::from_date(2024, 5, 16), 3);
+                            });
+    EXPECT_FALSE(changed);
+    EXPECT_EQ(message,
+              "Der 16.06.2024 ist ein Sonntag: an einem Sonntag kann die Nachtschicht nicht "
+              "markiert werden.");
+    EXPECT_EQ(shown, std::vector<std::string>{"Information"});
+    EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
 }
 
-// The note menu's way: the column first; cancelling it opens nothing.
-TEST(ShiftMarkingEntry, ColumnChooserFirst) {
-    TempDir dir;
-    session::Session session = session_in(dir, 1);
-    const auto [cancelled, shown] = play({press("Schichtspalte eingeben", GDK_KEY_Escape)}, [&] {
-        return choose_column_and_edit_shift_marking(parent_window(), cell(), session, kTuesday);
+// The note menu's way: the column first, "3" (keypad too) for the night
+// shift, whose heading the dialog shows. The chooser's labels follow the model.
+TEST_F(MarkingTest, ColumnChooserFirst) {
+    const auto sick = on<ShiftMarkingDialog>(kShiftTitle, [](ShiftMarkingDialog& d) {
+        EXPECT_EQ(d.get_heading(), " Nachtschicht am 05.03.2024");
+        send_key(d, GDK_KEY_k);
     });
-    EXPECT_FALSE(cancelled);
-    EXPECT_EQ(shown, std::vector<std::string>{"Schichtspalte eingeben"});
-    EXPECT_TRUE(empty_dir(dir));
-
-    // "3" (keypad too) chooses the night shift, whose heading the dialog shows.
     for (const guint key : {GDK_KEY_3, GDK_KEY_KP_3}) {
-        const auto [changed, steps] =
-            play({press("Schichtspalte eingeben", key),
-                  {kShiftTitle,
-                   [](Gtk::Window& w) {
-                       EXPECT_EQ(dynamic_cast<ShiftMarkingDialog&>(w).get_heading(),
-                                 " Nachtschicht am 05.03.2024");
-                       test::send_key(w, GDK_KEY_k);
-                   }}},
-                 [&] {
-                     return choose_column_and_edit_shift_marking(parent_window(), cell(), session,
-                                                                 kTuesday);
-                 });
-        EXPECT_EQ(markings_on_disk(dir),
+        play({press(kColumnTitle, key), sick}, [&] {
+            choose_column_and_edit_shift_marking(parent_window(), cell(), session, kTuesday);
+        });
+        EXPECT_EQ(markings_on_disk(),
                   (std::vector<marks::ShiftMarking>{{kTuesday.number, 3, marks::kind_a::kSick}}));
         marks::apply_marking(session.shift_markings, kTuesday.number, 3, marks::kind_a::kRemove, 1);
     }
-
-    // The chooser's labels are the core's, in the order of the keys.
-    for (const int model : {1, 7}) {
-        ShiftColumnDialog chooser(parent_window(), cell(), model);
-        const auto labels = marks::column_labels(marks::marking_kind(model));
-        for (int i = 0; i < 4; ++i)
-            EXPECT_EQ(test::accessible_name(chooser.get_button(i)), labels[i]);
-        EXPECT_EQ(chooser.get_column(), 0);
-    }
-}
-
-constexpr char kBarTitle[] = "Eingabe einer Kalendermarkierung";
-
-void retype(Gtk::Entry& field, const char* text) {
-    field.grab_focus();
-    field.select_region(0, -1);
-    test::type_text(field, text);
+    ShiftColumnDialog chooser(parent_window(), cell(), 7);
+    EXPECT_EQ(test::accessible_name(chooser.get_button(3)),
+              marks::column_labels(marks::marking_kind(7))[3]);
 }
 
 // Dates typed end first are saved the right way round; an unmarked day
 // proposes itself and the seven following days.
-TEST(CalendarMarkingEntry, ReversedDatesAreSwapped) {
-    TempDir dir;
-    session::Session session = session_in(dir, 1);
-    const auto [changed, shown] =
-        play({{kBarTitle,
-               [](Gtk::Window& w) {
-                   auto& dialog = dynamic_cast<CalendarMarkingDialog&>(w);
-                   EXPECT_EQ(dialog.get_start_field().get_text(), "05.03.2024");
-                   EXPECT_EQ(dialog.get_end_field().get_text(), "12.03.2024");
-                   retype(dialog.get_start_field(), "20.03.2024");
-                   retype(dialog.get_end_field(), "10.03.2024");
-                   test::send_key(w, GDK_KEY_Return);
-               }}},
-             [&] { return edit_calendar_marking(parent_window(), cell(), session, kTuesday); });
+TEST_F(MarkingTest, ReversedDatesAreSwapped) {
+    bool changed = false;
+    play({on<CalendarMarkingDialog>(kBarTitle,
+                                    [](CalendarMarkingDialog& d) {
+                                        EXPECT_EQ(d.get_start_field().get_text(), "05.03.2024");
+                                        EXPECT_EQ(d.get_end_field().get_text(), "12.03.2024");
+                                        test::retype(d.get_start_field(), "20.03.2024");
+                                        test::retype(d.get_end_field(), "10.03.2024");
+                                        send_key(d, GDK_KEY_Return);
+                                    })},
+         [&] { changed = edit_calendar_marking(parent_window(), cell(), session, kTuesday); });
     EXPECT_TRUE(changed);
-    const std::vector<marks::CalendarMarking> expected = {{calendar::day_number(2024, 2, 10),
-                                                           calendar::day_number(2024, 2, 20),
-                                                           marks::kDefaultMarkingColour}};
-    EXPECT_EQ(marks::load_calendar_markings(dir.path()).items, expected);
+    EXPECT_EQ(marks::load_calendar_markings(dir.path()).items,
+              (std::vector<marks::CalendarMarking>{{calendar::day_number(2024, 2, 10),
+                                                    calendar::day_number(2024, 2, 20),
+                                                    marks::kDefaultMarkingColour}}));
 }
 
 // The colour chooser's choice becomes the colour, cancelling it keeps the
 // colour; "Löschen" removes the bar around the start date, and says so when
 // there is none.
-TEST(CalendarMarkingEntry, ColourAndDelete) {
-    TempDir dir;
-    session::Session session = session_in(dir, 1);
+TEST_F(MarkingTest, ColourAndDelete) {
     marks::save_marking(session.calendar_markings, kTuesday.number, kTuesday.number + 3,
                         {10, 20, 30});
-    auto click_colour = [](Gtk::Window& w) {
-        auto* dialog = &dynamic_cast<CalendarMarkingDialog&>(w);
-        test::later([dialog] { dialog->get_colour_button().clicked(); });
-    };
-    auto chooser_picks = [](Gtk::Window& w) {
-        auto& chooser = dynamic_cast<Gtk::ColorChooserDialog&>(w);
-        Gdk::RGBA green;
-        green.set_rgba(0, 1, 0, 1);
-        chooser.set_rgba(green);
-        chooser.response(Gtk::RESPONSE_OK);
-    };
-    const auto [saved, shown] =
-        play({{kBarTitle, click_colour},
-              {"Markierungsfarbe", chooser_picks},
-              {kBarTitle, click_colour},
-              press("Markierungsfarbe", GDK_KEY_Escape),
-              {kBarTitle,
-               [](Gtk::Window& w) {
-                   auto& dialog = dynamic_cast<CalendarMarkingDialog&>(w);
-                   EXPECT_EQ(dialog.get_start_field().get_text(), "05.03.2024");  // the bar's own
-                   EXPECT_EQ(dialog.get_colour(), (calendar::Rgb{0, 255, 0}));
-                   dialog.get_widget_for_response(CalendarMarkingDialog::kSave)->grab_focus();
-                   test::send_key(w, GDK_KEY_Return);
-               }}},
-             [&] { return edit_calendar_marking(parent_window(), cell(), session, kTuesday); });
-    EXPECT_TRUE(saved);
-    ASSERT_EQ(marks::load_calendar_markings(dir.path()).items.size(), 1u);
-    EXPECT_EQ(marks::load_calendar_markings(dir.path()).items[0].colour,
-              (calendar::Rgb{0, 255, 0}));
-
-    const auto [deleted, steps] = play({press(kBarTitle, GDK_KEY_l, GDK_MOD1_MASK)}, [&] {
-        return edit_calendar_marking(parent_window(), cell(), session, kTuesday);
+    const auto click_colour = on<CalendarMarkingDialog>(kBarTitle, [](CalendarMarkingDialog& d) {
+        test::later([&d] { d.get_colour_button().clicked(); });
     });
-    EXPECT_TRUE(deleted);
+    bool changed = false;
+    auto edit = [&] {
+        changed = edit_calendar_marking(parent_window(), cell(), session, kTuesday);
+    };
+    play({click_colour,
+          on<Gtk::ColorChooserDialog>("Markierungsfarbe",
+                                      [](Gtk::ColorChooserDialog& chooser) {
+                                          chooser.set_rgba(Gdk::RGBA("#00ff00"));
+                                          chooser.response(Gtk::RESPONSE_OK);
+                                      }),
+          click_colour, press("Markierungsfarbe", GDK_KEY_Escape),
+          on<CalendarMarkingDialog>(
+              kBarTitle,
+              [](CalendarMarkingDialog& d) {
+                  EXPECT_EQ(d.get_start_field().get_text(), "05.03.2024");
+                  EXPECT_EQ(d.get_colour(), (calendar::Rgb{0, 255, 0}));
+                  d.get_widget_for_response(CalendarMarkingDialog::kSave)->grab_focus();
+                  send_key(d, GDK_KEY_Return);
+              })},
+         edit);
+    EXPECT_TRUE(changed);
+    const auto saved = marks::load_calendar_markings(dir.path()).items;
+    ASSERT_EQ(saved.size(), 1u);
+    EXPECT_EQ(saved[0].colour, (calendar::Rgb{0, 255, 0}));
+
+    play({press(kBarTitle, GDK_KEY_l, GDK_MOD1_MASK)}, edit);
+    EXPECT_TRUE(changed);
     EXPECT_FALSE(std::filesystem::exists(dir / "Kalendermarkierung.dat"));
 
     std::string message;
-    const auto [nothing, more] =
-        play({press(kBarTitle, GDK_KEY_l, GDK_MOD1_MASK),
-              {"Information",
-               [&](Gtk::Window& w) {
-                   message = test::message_text(w);
-                   test::send_key(w, GDK_KEY_Escape);
-               }}},
-             [&] { return edit_calendar_marking(parent_window(), cell(), session, kTuesday); });
-    EXPECT_FALSE(nothing);
+    play({press(kBarTitle, GDK_KEY_l, GDK_MOD1_MASK),
+          {"Information",
+           [&](Gtk::Window& w) {
+               message = test::message_text(w);
+               send_key(w, GDK_KEY_Escape);
+           }}},
+         edit);
+    EXPECT_FALSE(changed);
     EXPECT_EQ(message, "Am 05.03.2024 liegt keine Kalendermarkierung; es wurde nichts gelöscht.");
 }
 
-// Hours entered as 700 are stored as 600, and the dialog says so before.
-TEST(AccountDialogs, HoursAreClamped) {
-    TempDir dir;
-    session::Session session = session_in(dir, 1);
-    const auto [saved, shown] =
-        play({{"Stunden eingeben",
-               [](Gtk::Window& w) {
-                   auto& dialog = dynamic_cast<HoursDialog&>(w);
-                   Gtk::Widget& save = *dialog.get_widget_for_response(Gtk::RESPONSE_OK);
-                   EXPECT_TRUE(dialog.get_value_field().has_focus());
-                   retype(dialog.get_value_field(), "7,5h");
-                   EXPECT_FALSE(save.get_sensitive());
-                   test::send_key(w, GDK_KEY_Return);  // waits for a value
-                   retype(dialog.get_value_field(), "700");
-                   EXPECT_TRUE(save.get_sensitive());
-                   EXPECT_EQ(dialog.get_hint(), "Höchstens 600 Stunden: gespeichert wird 600.");
-                   retype(dialog.get_date_field(), "01.02.2024");
-                   dialog.get_crew_chooser().get_button(3).set_active(true);
-                   dialog.get_block_check().set_active(true);
-                   test::send_key(w, GDK_KEY_Return);
-               }}},
-             [&] { return edit_hours(parent_window(), cell(), session); });
-    EXPECT_TRUE(saved);
+// Saving waits for a number; 700 hours are stored as 600, and the dialog
+// says so before. "7:30" is stored as 7.30 and shown again as "7:30".
+TEST_F(MarkingTest, HoursAreClamped) {
+    play({on<HoursDialog>("Stunden eingeben",
+                          [](HoursDialog& d) {
+                              Gtk::Widget& save = *d.get_widget_for_response(Gtk::RESPONSE_OK);
+                              test::retype(d.get_value_field(), "7,5h");
+                              EXPECT_FALSE(save.get_sensitive());
+                              send_key(d, GDK_KEY_Return);  // waits for a value
+                              test::retype(d.get_value_field(), "700");
+                              EXPECT_TRUE(save.get_sensitive());
+                              EXPECT_EQ(d.get_hint(),
+                                        "Höchstens 600 Stunden: gespeichert wird 600.");
+                              test::retype(d.get_date_field(), "01.02.2024");
+                              d.get_crew_chooser().get_button(3).set_active(true);
+                              d.get_block_check().set_active(true);
+                              send_key(d, GDK_KEY_Return);
+                          })},
+         [&] { EXPECT_TRUE(edit_hours(parent_window(), cell(), session)); });
     marks::HoursAccount on_disk;
     ASSERT_TRUE(marks::load_hours_file(dir.path(), on_disk));
     EXPECT_EQ(on_disk, (marks::HoursAccount{calendar::day_number(2024, 1, 1), 600.0f,
                                             marks::hours_mode::kDecimal, 3, true}));
     EXPECT_EQ(session.accounts.hours, on_disk);
 
-    // Hours and minutes: "7:30" is stored as 7.30 and shown again as "7:30".
-    play({{"Stunden eingeben",
-           [](Gtk::Window& w) {
-               auto& dialog = dynamic_cast<HoursDialog&>(w);
-               dialog.get_mode_button(marks::hours_mode::kHoursMinutes).set_active(true);
-               retype(dialog.get_value_field(), "-7:30");
-               test::send_key(w, GDK_KEY_Return);
-           }},
-          {"Stunden eingeben",
-           [](Gtk::Window& w) {
-               EXPECT_EQ(dynamic_cast<HoursDialog&>(w).get_value_field().get_text(), "-7:30");
-               test::send_key(w, GDK_KEY_Escape);
-           }}},
+    play({on<HoursDialog>("Stunden eingeben",
+                          [](HoursDialog& d) {
+                              d.get_mode_button(marks::hours_mode::kHoursMinutes).set_active(true);
+                              test::retype(d.get_value_field(), "-7:30");
+                              send_key(d, GDK_KEY_Return);
+                          }),
+          on<HoursDialog>("Stunden eingeben",
+                          [](HoursDialog& d) {
+                              EXPECT_EQ(d.get_value_field().get_text(), "-7:30");
+                              send_key(d, GDK_KEY_Escape);
+                          })},
          [&] {
              edit_hours(parent_window(), cell(), session);
-             return edit_hours(parent_window(), cell(), session);
+             edit_hours(parent_window(), cell(), session);
          });
     ASSERT_TRUE(marks::load_hours_file(dir.path(), on_disk));
     EXPECT_FLOAT_EQ(on_disk.start_value, -7.30f);
@@ -350,27 +255,22 @@ TEST(AccountDialogs, HoursAreClamped) {
 
 // 61 days are stored as 60; the home crew goes into both files; a date
 // before this year is refused, as the account would reset it at once.
-TEST(AccountDialogs, VacationDaysAndHomeCrew) {
-    TempDir dir;
-    session::Session session = session_in(dir, 1);
+TEST_F(MarkingTest, VacationDaysAndHomeCrew) {
     session.accounts.vacation = {calendar::day_number(2024, 0, 1), 30};
-    const auto [saved, shown] =
-        play({{"Urlaub eingeben",
-               [](Gtk::Window& w) {
-                   auto& dialog = dynamic_cast<VacationDialog&>(w);
-                   Gtk::Widget& save = *dialog.get_widget_for_response(Gtk::RESPONSE_OK);
-                   EXPECT_EQ(dialog.get_days_field().get_text(), "30");
-                   retype(dialog.get_date_field(), "31.12.2023");
-                   EXPECT_FALSE(save.get_sensitive());
-                   retype(dialog.get_date_field(), "15.06.2024");
-                   retype(dialog.get_days_field(), "61");
-                   EXPECT_EQ(dialog.get_hint(), "Höchstens 60 Tage: gespeichert wird 60.");
-                   test::send_key(dialog.get_crew_chooser(), GDK_KEY_g, GDK_MOD1_MASK);
-                   EXPECT_EQ(dialog.get_home_crew(), 2);
-                   test::send_key(w, GDK_KEY_s, GDK_MOD1_MASK);
-               }}},
-             [&] { return edit_vacation(parent_window(), cell(), session, kToday); });
-    EXPECT_TRUE(saved);
+    play({on<VacationDialog>("Urlaub eingeben",
+                             [](VacationDialog& d) {
+                                 Gtk::Widget& save = *d.get_widget_for_response(Gtk::RESPONSE_OK);
+                                 EXPECT_EQ(d.get_days_field().get_text(), "30");
+                                 test::retype(d.get_date_field(), "31.12.2023");
+                                 EXPECT_FALSE(save.get_sensitive());
+                                 test::retype(d.get_date_field(), "15.06.2024");
+                                 test::retype(d.get_days_field(), "61");
+                                 EXPECT_EQ(d.get_hint(), "Höchstens 60 Tage: gespeichert wird 60.");
+                                 send_key(d.get_crew_chooser(), GDK_KEY_g, GDK_MOD1_MASK);
+                                 EXPECT_EQ(d.get_home_crew(), 2);
+                                 send_key(d, GDK_KEY_s, GDK_MOD1_MASK);
+                             })},
+         [&] { EXPECT_TRUE(edit_vacation(parent_window(), cell(), session, kToday)); });
     marks::VacationAccount vacation;
     marks::HoursAccount hours;
     ASSERT_TRUE(marks::load_vacation_file(dir.path(), vacation));
@@ -379,8 +279,6 @@ TEST(AccountDialogs, VacationDaysAndHomeCrew) {
     EXPECT_EQ(hours.home_crew, 2);
 }
 
-// Escape leaves every dialog without writing anything, and nothing of a
-// dialog outlives it: no window, no handler on the parent.
 std::size_t open_windows() {
     GList* windows = gtk_window_list_toplevels();
     std::size_t count = 0;
@@ -399,55 +297,44 @@ gulong next_handler_id() {
     return id + 1;
 }
 
-// Handlers connected to the parent window from `from` on that are still there.
-int handlers_left_on_parent(gulong from) {
-    int left = 0;
-    for (gulong id = from, end = next_handler_id(); id < end; ++id)
-        if (g_signal_handler_is_connected(parent_window().gobj(), id)) ++left;
-    return left;
-}
-
+// Escape leaves every dialog without writing anything, and nothing of a
+// dialog outlives it: no window, no handler on the parent.
 TEST(MarkingDialogs, EscapeWritesNothingAndLeavesNothingBehind) {
     parent_window();
     const std::size_t windows_before = open_windows();
     const gulong first_handler = next_handler_id();
-    struct Case {
-        const char* title;
-        std::function<bool(session::Session&)> open;
-    };
-    const Case cases[] = {
+    using Action = std::function<bool(session::Session&)>;
+    const std::pair<const char*, Action> cases[] = {
         {kShiftTitle,
-         [](session::Session& s) {
-             return edit_shift_marking(parent_window(), cell(), s, kTuesday, 1);
-         }},
-        {"Schichtspalte eingeben",
-         [](session::Session& s) {
+         [](auto& s) { return edit_shift_marking(parent_window(), cell(), s, kTuesday, 1); }},
+        {kColumnTitle,
+         [](auto& s) {
              return choose_column_and_edit_shift_marking(parent_window(), cell(), s, kTuesday);
          }},
         {kBarTitle,
-         [](session::Session& s) {
-             return edit_calendar_marking(parent_window(), cell(), s, kTuesday);
-         }},
-        {"Stunden eingeben",
-         [](session::Session& s) { return edit_hours(parent_window(), cell(), s); }},
+         [](auto& s) { return edit_calendar_marking(parent_window(), cell(), s, kTuesday); }},
+        {"Stunden eingeben", [](auto& s) { return edit_hours(parent_window(), cell(), s); }},
         {"Urlaub eingeben",
-         [](session::Session& s) { return edit_vacation(parent_window(), cell(), s, kToday); }},
+         [](auto& s) { return edit_vacation(parent_window(), cell(), s, kToday); }},
     };
-    for (const Case& c : cases) {
-        TempDir dir;
-        session::Session session = session_in(dir, 1);
-        const session::Session before = session;
-        const auto [changed, shown] =
-            play({press(c.title, GDK_KEY_Escape)}, [&] { return c.open(session); });
-        EXPECT_FALSE(changed) << c.title;
-        EXPECT_TRUE(empty_dir(dir)) << c.title;
-        EXPECT_EQ(session.accounts, before.accounts) << c.title;
-        EXPECT_EQ(session.shift_markings.items, before.shift_markings.items) << c.title;
-        EXPECT_EQ(session.calendar_markings.items, before.calendar_markings.items) << c.title;
+    for (const auto& [title, open] : cases) {
+        Plan t;
+        const session::Session before = t.session;
+        bool changed = true;
+        const auto shown = play({press(title, GDK_KEY_Escape)}, [&] { changed = open(t.session); });
+        EXPECT_FALSE(changed) << title;
+        EXPECT_EQ(shown, std::vector<std::string>{title});
+        EXPECT_TRUE(std::filesystem::is_empty(t.dir.path())) << title;
+        EXPECT_EQ(t.session.accounts, before.accounts) << title;
+        EXPECT_EQ(t.session.shift_markings.items, before.shift_markings.items) << title;
+        EXPECT_EQ(t.session.calendar_markings.items, before.calendar_markings.items) << title;
     }
     test::wait_until([&] { return open_windows() == windows_before; }, 2);
     EXPECT_EQ(open_windows(), windows_before);
-    EXPECT_EQ(handlers_left_on_parent(first_handler), 0);
+    int left = 0;  // handlers connected to the parent since, still there
+    for (gulong id = first_handler, end = next_handler_id(); id < end; ++id)
+        left += g_signal_handler_is_connected(parent_window().gobj(), id) ? 1 : 0;
+    EXPECT_EQ(left, 0);
 }
 
 }  // namespace

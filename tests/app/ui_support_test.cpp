@@ -1,12 +1,21 @@
 // The helpers under the windows: text from the core made fit for a text
-// view, labels as read out, the page font on the controls, text windows.
+// view, labels as read out, the page font on the controls, text windows and
+// the help texts they show, and GTK's own windows in German whatever the
+// environment's messages locale and LANGUAGE list say.
 #include "app/ui_support.hpp"
 
+#include <glib.h>
 #include <gtest/gtest.h>
+#include <gtkmm.h>
 
+#include <clocale>
+#include <cstdlib>
+#include <optional>
 #include <set>
+#include <string>
 
 #include "app/help_texts.hpp"
+#include "app/messages_locale.hpp"
 #include "app/text_window.hpp"
 #include "gui_support.hpp"
 
@@ -105,6 +114,143 @@ TEST(TextWindow, HelpTextsShowWithoutWrapping) {
         }
         if (topic == HelpTopic::Keys) {
             EXPECT_EQ(columns.size(), 2u);  // the keys and the mouse
+        }
+    }
+}
+
+TEST(HelpTexts, TitlesAndOpenings) {
+    struct Case {
+        HelpTopic topic;
+        const char* title;
+        const char* opening;
+    };
+    const Case cases[] = {
+        {HelpTopic::Program, "Programm",
+         "Kalender\r\nHier kann zwischen den verschiedenen Schichtkalendern umgeschaltet werden."},
+        {HelpTopic::ProgramInfo, "Programminfo", "Kalender"},
+        {HelpTopic::Keys, "Tastaturbelegung",
+         "Das Programm ist fast vollständig mit der Tastatur bedienbar. Die Tastenbelegung ist wie "
+         "folgt:"},
+        {HelpTopic::ShiftMarking, "Schichtmarkierung",
+         "Mit einem Doppelklick, oder mit den Tasten '1', '2', '3'  und '4' öffnet sich das "
+         "Eingabefenster für"},
+        {HelpTopic::CalendarMarking, "Kalendermarkierung",
+         "Die Wahl des Menüs erfolgt mit der Taste 'K' oder über das Menü 'Notiz' und "
+         "'Kalendermarkierung'. Damit"},
+        {HelpTopic::Notes, "Infos zu den Notizen und Markierungen",
+         "Die Notizen werden in der unteren Statuszeile angezeigt wenn der Cursor auf einen Tag "
+         "mit einer"},
+        {HelpTopic::Login, "Benutzername und Passwort", "Benutzername und Passwort"},
+        {HelpTopic::Settings, "Programmeinstellungen",
+         "Um die Auf- und Untergangszeiten berechnen zu können, sind die Koordinaten des Ortes "
+         "notwendig."},
+    };
+    for (const Case& c : cases) {
+        const HelpText& help = help_text(c.topic);
+        EXPECT_EQ(help.title, c.title);
+        EXPECT_EQ(help.text.substr(0, std::string_view(c.opening).size()), c.opening) << c.title;
+        // The opening words end at a word's end.
+        const char next = help.text.at(std::string_view(c.opening).size());
+        EXPECT_TRUE(next == ' ' || next == '\r') << c.title;
+    }
+}
+
+// Every line ends with "\r\n", there is no lone "\r" or "\n". (That no
+// line wraps in its window is checked on the window.)
+TEST(HelpTexts, LinesEndWithCrLf) {
+    for (const HelpTopic topic : kHelpTopics) {
+        const std::string_view text = help_text(topic).text;
+        ASSERT_GE(text.size(), 2u);
+        EXPECT_EQ(text.substr(text.size() - 2), "\r\n") << help_text(topic).title;
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            if (text[i] == '\r') {
+                ASSERT_EQ(text.at(i + 1), '\n') << help_text(topic).title << " at " << i;
+            } else if (text[i] == '\n') {
+                ASSERT_EQ(text.at(i - 1), '\r') << help_text(topic).title << " at " << i;
+            }
+        }
+        EXPECT_TRUE(g_utf8_validate(text.data(), static_cast<gssize>(text.size()), nullptr));
+    }
+}
+
+// The key table names every key the main window answers.
+TEST(HelpTexts, KeysNameEveryKey) {
+    const std::string_view text = help_text(HelpTopic::Keys).text;
+    for (const char* key :
+         {"F1",  "F2",  "F3",  "F4",       "F5",      "F6",   "F7",          "F8",     "F9",
+          "F10", "F11", "F12", "Esc",      "'+'",     "'-'",  "'T'",         "'P'",    "'J'",
+          "'W'", "'U'", "'K'", "'L'",      "'1'",     "'4'",  "'I'",         "'S'",    "'H'",
+          "'E'", "'N'", "'M'", "'B'",      "'V'",     "'C'",  "'X'",         "'Z'",    "'Y'",
+          "'F'", "'D'", "'A'", "Bild auf", "Bild ab", "Pos1", "Pfeiltasten", "Mausrad"})
+        EXPECT_NE(text.find(key), std::string::npos) << key;
+}
+
+TEST(MessagesLocale, GermanLocaleNames) {
+    for (const char* name : {"de", "de_DE.UTF-8", "de_AT@euro", "de_CH.utf8", "de.UTF-8"})
+        EXPECT_TRUE(is_german_locale_name(name)) << name;
+    for (const char* name :
+         {"C", "C.UTF-8", "POSIX", "en_US.UTF-8", "dsb_DE.UTF-8", "dz_BT", "d", ""})
+        EXPECT_FALSE(is_german_locale_name(name)) << name;
+}
+
+// The process's messages locale and LANGUAGE, put back afterwards.
+class KeptMessages {
+  public:
+    KeptMessages() : m_messages(std::setlocale(LC_MESSAGES, nullptr)) {
+        if (const char* l = std::getenv("LANGUAGE")) m_language = l;
+    }
+    ~KeptMessages() {
+        if (m_language)
+            setenv("LANGUAGE", m_language->c_str(), 1);
+        else
+            unsetenv("LANGUAGE");
+        std::setlocale(LC_MESSAGES, m_messages.c_str());
+    }
+
+  private:
+    std::string m_messages;
+    std::optional<std::string> m_language;
+};
+
+std::string cancel_label() {
+    Gtk::FontChooserDialog dialog("Schriftart");
+    auto* button = dynamic_cast<Gtk::Button*>(dialog.get_widget_for_response(Gtk::RESPONSE_CANCEL));
+    return button ? std::string(button->get_label()) : "";
+}
+
+TEST(MessagesLocale, FontChooserSaysAbbrechen) {
+    const KeptMessages kept;
+    // Made by tools/ensure-packages.sh; without it nothing could be checked.
+    ASSERT_NE(std::setlocale(LC_MESSAGES, "de_DE.UTF-8"), nullptr)
+        << "Die Locale de_DE.UTF-8 fehlt (tools/ensure-packages.sh erzeugt sie).";
+    struct Case {
+        const char* messages;
+        const char* language;  // nullptr: not set
+    };
+    const Case cases[] = {
+        {"C", nullptr},           {"C.UTF-8", "en_GB:en"},
+        {"de_DE.UTF-8", "en"},     // LANGUAGE would win over a German locale
+        {"de_DE.UTF-8", "de:en"},  // stays
+        {"de_DE.UTF-8", nullptr},  // stays
+    };
+    for (const Case& c : cases) {
+        // Through "C", so that gettext forgets the last case's translations.
+        std::setlocale(LC_MESSAGES, "C");
+        ASSERT_NE(std::setlocale(LC_MESSAGES, c.messages), nullptr) << c.messages;
+        if (c.language)
+            setenv("LANGUAGE", c.language, 1);
+        else
+            unsetenv("LANGUAGE");
+        const std::string before = cancel_label();
+        EXPECT_TRUE(prefer_german_messages()) << c.messages;
+        EXPECT_TRUE(is_german_locale_name(std::setlocale(LC_MESSAGES, nullptr))) << c.messages;
+        EXPECT_EQ(cancel_label(), "_Abbrechen")
+            << c.messages << " " << (c.language ? c.language : "");
+        if (c.language && std::string(c.language).starts_with("de")) {
+            EXPECT_STREQ(std::getenv("LANGUAGE"), c.language);
+        }
+        if (std::string(c.messages) == "C") {
+            EXPECT_EQ(before, "_Cancel");  // English before: the check can fail
         }
     }
 }
