@@ -66,6 +66,7 @@ TEST(ShiftMarkingEntry, KeysAndTheirCodes) {
         {"X", 1, -1, {GDK_KEY_x}, 0, true},
         {"Delete removes", 1, 2, {GDK_KEY_Delete}, -1, true},
         {"Delete is Krank in model 6", 6, -1, {GDK_KEY_Delete}, 6, true},
+        {"U is Urlaub, code 2, in model 7", 7, -1, {GDK_KEY_u}, 2, true},
         {"Return keeps the marking", 1, 2, {GDK_KEY_Return}, 2, false},
         {"Return waits on an unmarked day", 1, -1, {GDK_KEY_Return, GDK_KEY_Escape}, -1, false},
         {"arrow and Return", 1, 2, {GDK_KEY_Down, GDK_KEY_Return}, 3, true},
