@@ -2,31 +2,17 @@
 
 #include <string>
 
-#include "app/ui_support.hpp"
 #include "calendar/school_holidays.hpp"
 
 namespace sk::app {
 
 SchoolHolidayWindow::SchoolHolidayWindow(Gtk::Window& parent, view::CellSize cell, int year)
-    : m_list(cell, "Bayerische Schulferien " + std::to_string(year),
-             {{std::to_string(year), 24}, {"Bayerische Schulferien", 27}}) {
-    set_title("Ferientermine");
-    make_modal(*this, &parent);
-    close_on_escape(*this);
-    set_default_size_in_cells(*this, cell, 54, 12);
-    set_accessible_name(*this, "Ferientermine");
-
-    for (const calendar::ListRow& row : calendar::school_holiday_list(year))
-        m_list.add_row({row.first, row.second});
-    m_scroller.set_policy(Gtk::POLICY_NEVER, Gtk::POLICY_AUTOMATIC);
-    m_scroller.set_shadow_type(Gtk::SHADOW_IN);
-    m_scroller.add(m_list);
-    set_size_in_cells(m_scroller, cell, 52, 10);
-    set_margins_in_cells(m_scroller, cell, 1);
-    get_content_area()->set_border_width(0);
-    get_content_area()->pack_start(m_scroller, Gtk::PACK_EXPAND_WIDGET);
-    show_all_children();
-    m_list.grab_focus();
-}
+    : YearListWindow(parent, cell,
+                     {"Ferientermine",
+                      "Bayerische Schulferien " + std::to_string(year),
+                      {{std::to_string(year), 24}, {"Bayerische Schulferien", 27}},
+                      54,
+                      12},
+                     calendar::school_holiday_list(year)) {}
 
 }  // namespace sk::app
