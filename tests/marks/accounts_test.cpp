@@ -253,14 +253,12 @@ TEST(YearlyHours, TableValuesAndText) {
         }
     EXPECT_EQ(yearly_hours(PlanContext{.model = 6}, 2024).crews, 0);
 
+    // Headings and first fields of the five-crew table: the accounts command's test.
     const YearlyHoursText text = yearly_hours_text(five);
-    EXPECT_EQ(text.headings,
-              (std::vector<std::string>{"Monat", "Rot", "Blau", "Gelb", "Grün", "Braun"}));
     EXPECT_EQ(yearly_hours_text(three).headings.back(), "Gelb");
     ASSERT_EQ(text.rows.size(), 14u);
     EXPECT_EQ(text.rows[0][0] + " " + text.rows[0][1], "Januar 168,00");
     EXPECT_EQ(yearly_hours_text(three).rows[0][1], "178,50");
-    EXPECT_EQ(text.rows[12][0], "Summe");
     EXPECT_EQ(text.rows[13], (std::vector<std::string>{"Soll", "1982,76", "1982,76", "1982,76",
                                                        "1982,76", "1982,76"}));
     for (const auto& row : text.rows) EXPECT_EQ(row.size(), text.headings.size());

@@ -27,18 +27,16 @@ PageRequest request(int year, int month, int columns, int model);
 // sky of the spring of 2024 (phases, an eclipse of each kind, distances).
 PageExtras sample_extras();
 
-// Pixels whose B, G or R differ by more than the tolerance. With `marked`,
-// paints there the actual page in grey and those pixels in red.
+// Pixels whose B, G or R differ by more than the tolerance.
 struct ImageDifference {
     bool same_size = false;
     long differing = 0;
 };
-ImageDifference compare_images(cairo_surface_t* actual, cairo_surface_t* expected, int tolerance,
-                               cairo_surface_t* marked = nullptr);
+ImageDifference compare_images(cairo_surface_t* actual, cairo_surface_t* expected, int tolerance);
 
 // Compares the page with tests/view/golden/NAME.png. On a mismatch writes
-// golden-output/NAME.actual.png and NAME.diff.png in the working directory
-// and returns a message; with SK_UPDATE_GOLDEN=1 rewrites the golden file.
+// golden-output/NAME.actual.png in the working directory and returns a
+// message; with SK_UPDATE_GOLDEN=1 rewrites the golden file.
 std::string check_golden(const std::string& name, const PageLayout& layout);
 
 }  // namespace sk::view::test
