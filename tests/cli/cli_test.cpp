@@ -36,6 +36,17 @@ TEST(Cli, GoldenOutputs) {
     }
 }
 
+// Every model from the first to the last day: one row of eleven columns a day.
+TEST(Cli, WholeRangeHasOneRowPerDayInEveryModel) {
+    for (int model = 0; model < 8; ++model) {
+        const std::string out =
+            run_ok("days --from 1970-01-01 --to 2037-07-31 --model " + std::to_string(model));
+        ASSERT_EQ(std::count(out.begin(), out.end(), '\n'), 24685) << model;
+        EXPECT_EQ(std::count(out.begin(), out.end(), '\t'), 10 * 24685) << model;
+        EXPECT_EQ(out.substr(out.rfind('\n', out.size() - 2) + 1, 10), "2037-07-31");
+    }
+}
+
 TEST(Cli, SettingsComeFromTheDataDirectory) {
     test::TempDir dir;
     std::filesystem::create_directories(dir / "Anna");
