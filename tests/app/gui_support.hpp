@@ -23,10 +23,6 @@ Gtk::Window& parent_window();
 // Processes events until `condition` holds; false when `seconds` passed first.
 bool wait_until(const std::function<bool()>& condition, double seconds = 30);
 
-// Gives the window the keyboard focus as a window manager would (Xvfb runs
-// none): GTK moves the focus between widgets only in a focused window.
-void focus_window(Gtk::Window& window);
-
 // A key press and release on the window (or the window of `widget`), as the
 // keyboard would deliver them to the focused widget.
 void send_key(Gtk::Widget& widget, guint keyval, GdkModifierType state = GdkModifierType(0));
