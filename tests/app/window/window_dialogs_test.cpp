@@ -97,7 +97,6 @@ TEST_F(WindowTest, AnswersChangeThePage) {
 
     key("F10");
     EXPECT_EQ(state().page.model, 7);
-    EXPECT_FALSE(window().button(Command::BlockToggle).get_visible());
 }
 
 // "Prog." - "Export": the window offers the shown months, the file chooser
