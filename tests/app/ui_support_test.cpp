@@ -54,7 +54,6 @@ TEST(TextWindow, ShowsLinesReadOnly) {
     TextWindow window(test::parent_window(), test::cell(),
                       notes_title(calendar::Day::from_date(2024, 2, 31)),
                       "Zahnarzt 8:00\r\n\r\nGeburtstag Anna", TextWindow::kNotesSize);
-    EXPECT_EQ(window.get_title(), "Notizen für den 31.03.2024");
     EXPECT_EQ(window.get_text(), "Zahnarzt 8:00\n\nGeburtstag Anna");
     EXPECT_FALSE(window.get_view().get_editable());
     test::run_dialog(window, [&] {

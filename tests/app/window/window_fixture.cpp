@@ -99,9 +99,8 @@ WindowTest::WindowTest() {
                                      g_object_set_data(hidden, kSeenKey, nullptr);
                                  }),
                                  nullptr);
-                auto* box = dynamic_cast<Gtk::MessageDialog*>(dialog);
-                m_messages.push_back(
-                    {dialog->get_title(), box ? box->property_text().get_value() : ""});
+                const bool box = dynamic_cast<Gtk::MessageDialog*>(dialog);
+                m_messages.push_back({dialog->get_title(), message_text(*dialog)});
                 // Answered from the main loop, not from here, so that an
                 // answer may open another window, which is caught in turn.
                 g_object_ref(object);
