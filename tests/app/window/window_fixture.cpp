@@ -154,10 +154,6 @@ std::string WindowTest::page() const {
     return text;
 }
 
-settings::Settings WindowTest::saved_settings() const {
-    return test::saved_settings(user_dir());
-}
-
 settings::Settings saved_settings(const std::filesystem::path& user_dir) {
     return settings::read_settings_file(user_dir / "Einstellungen.dat",
                                         settings::default_settings("-"));

@@ -59,7 +59,6 @@ class WindowTest : public ::testing::Test {
     std::string field_text(StatusField field);
     // The page state as "first month, cursor, columns, model": "2026-11 2026-11-23 6 0".
     std::string page() const;
-    settings::Settings saved_settings() const;
 
     // Every window that opens is answered once, from the main loop: by the
     // latest answer given for its class (which must close it), otherwise

@@ -182,8 +182,8 @@ TEST_F(WindowTest, ClosingTheWindowSavesTheSettings) {
     key("KP_Add n");
     window().close();
     EXPECT_TRUE(wait_until([&] { return !window().get_visible(); }));
-    EXPECT_EQ(saved_settings().columns, 7);
-    EXPECT_EQ(saved_settings().model, 3);
+    EXPECT_EQ(saved_settings(user_dir()).columns, 7);
+    EXPECT_EQ(saved_settings(user_dir()).model, 3);
     key("KP_Add");
     EXPECT_EQ(state().page.columns, 7);
 }
