@@ -123,18 +123,6 @@ TEST(NoteMenu, EntriesReturnTheirChoice) {
     EXPECT_FALSE(note_kind_of(NoteMenuChoice::ShiftMarking));
 }
 
-// F9 runs the menu and returns its choice, nothing after Escape.
-TEST(NoteMenu, ChooseFromNoteMenu) {
-    for (const auto& [key, expected] :
-         {std::pair{GDK_KEY_w, std::optional(NoteMenuChoice::WeekdayNote)},
-          std::pair{GDK_KEY_Escape, std::optional<NoteMenuChoice>()}}) {
-        std::optional<NoteMenuChoice> choice = NoteMenuChoice::Info;
-        test::play({test::press("Notiz", key)},
-                   [&] { choice = choose_from_note_menu(parent_window(), cell()); });
-        EXPECT_EQ(choice, expected) << gdk_keyval_name(key);
-    }
-}
-
 // The n-th button is named for the n-th model of the order 0 1 5 2 3 4 6 7
 // and a click on it gives that model.
 TEST(ModelChooser, EntriesInChooserOrder) {

@@ -84,7 +84,6 @@ TEST(DateEntry, KeysStepWithinTheRange) {
 TEST(DateEntry, StartOutsideTheRangeIsClamped) {
     DateEntryDialog dialog(parent_window(), cell(), DateEntryDialog::Purpose::VacationStart,
                            Day::from_date(2040, 0, 1), 0, calendar::kLastDay);
-    EXPECT_EQ(dialog.get_title(), "Blockurlaub");
     EXPECT_EQ(dialog.get_field().get_text(), "31.07.2037");
     EXPECT_EQ(dialog.get_date().number, calendar::kLastDay);
     EXPECT_EQ(test::accessible_name(dialog.get_field()),

@@ -61,8 +61,8 @@ GdkEvent* key_event(GdkEventType type, GdkWindow* window, guint keyval, GdkModif
     return event;
 }
 
-}  // namespace
-
+// Gives the window the keyboard focus as a window manager would (Xvfb runs
+// none): GTK moves the focus between widgets only in a focused window.
 void focus_window(Gtk::Window& window) {
     ASSERT_TRUE(window.get_window()) << "the window is not realised";
     GdkEvent* event = gdk_event_new(GDK_FOCUS_CHANGE);
@@ -74,6 +74,8 @@ void focus_window(Gtk::Window& window) {
     gtk_main_do_event(event);
     gdk_event_free(event);
 }
+
+}  // namespace
 
 void send_key(Gtk::Widget& widget, guint keyval, GdkModifierType state) {
     Gtk::Widget* top = widget.get_toplevel();

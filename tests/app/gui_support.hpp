@@ -21,11 +21,7 @@ view::CellSize cell();
 Gtk::Window& parent_window();
 
 // Processes events until `condition` holds; false when `seconds` passed first.
-bool wait_until(const std::function<bool()>& condition, double seconds = 10);
-
-// Gives the window the keyboard focus as a window manager would (Xvfb runs
-// none): GTK moves the focus between widgets only in a focused window.
-void focus_window(Gtk::Window& window);
+bool wait_until(const std::function<bool()>& condition, double seconds = 30);
 
 // A key press and release on the window (or the window of `widget`), as the
 // keyboard would deliver them to the focused widget.

@@ -98,42 +98,8 @@ TEST(ShiftMarkingEntry, KeysAndTheirCodes) {
     }
 }
 
-// A day that may not be marked says why and opens no dialog.
-TEST_F(MarkingTest, RefusedDayShowsWhyAndOpensNoDialog) {
-    std::string message;
-    bool changed = true;
-    const auto shown = play({{"Information",
-                              [&](Gtk::Window& w) {
-                                  message = test::message_text(w);
-                                  send_key(w, GDK_KEY_Return);
-                              }}},
-                            [&] {
-                                changed = edit_shift_marking(parent_window(), cell(), session,
-                                                             Day::from_date(2024, 5, 16), 3);
-                            });
-    EXPECT_FALSE(changed);
-    EXPECT_EQ(message,
-              "Der 16.06.2024 ist ein Sonntag: an einem Sonntag kann die Nachtschicht nicht "
-              "markiert werden.");
-    EXPECT_EQ(shown, std::vector<std::string>{"Information"});
-    EXPECT_TRUE(std::filesystem::is_empty(dir.path()));
-}
-
-// The note menu's way: the column first, "3" (keypad too) for the night
-// shift, whose heading the dialog shows. The chooser's labels follow the model.
-TEST_F(MarkingTest, ColumnChooserFirst) {
-    const auto sick = on<ShiftMarkingDialog>(kShiftTitle, [](ShiftMarkingDialog& d) {
-        EXPECT_EQ(d.get_heading(), " Nachtschicht am 05.03.2024");
-        send_key(d, GDK_KEY_k);
-    });
-    for (const guint key : {GDK_KEY_3, GDK_KEY_KP_3}) {
-        play({press(kColumnTitle, key), sick}, [&] {
-            choose_column_and_edit_shift_marking(parent_window(), cell(), session, kTuesday);
-        });
-        EXPECT_EQ(markings_on_disk(),
-                  (std::vector<marks::ShiftMarking>{{kTuesday.number, 3, marks::kind_a::kSick}}));
-        marks::apply_marking(session.shift_markings, kTuesday.number, 3, marks::kind_a::kRemove, 1);
-    }
+// The column chooser's labels follow the model.
+TEST(ShiftColumnDialog, LabelsOfTheModel) {
     ShiftColumnDialog chooser(parent_window(), cell(), 7);
     EXPECT_EQ(test::accessible_name(chooser.get_button(3)),
               marks::column_labels(marks::marking_kind(7))[3]);
@@ -210,7 +176,7 @@ TEST_F(MarkingTest, ColourAndDelete) {
 }
 
 // Saving waits for a number; 700 hours are stored as 600, and the dialog
-// says so before. "7:30" is stored as 7.30 and shown again as "7:30".
+// says so before.
 TEST_F(MarkingTest, HoursAreClamped) {
     play({on<HoursDialog>("Stunden eingeben",
                           [](HoursDialog& d) {
@@ -233,25 +199,6 @@ TEST_F(MarkingTest, HoursAreClamped) {
     EXPECT_EQ(on_disk, (marks::HoursAccount{calendar::day_number(2024, 1, 1), 600.0f,
                                             marks::hours_mode::kDecimal, 3, true}));
     EXPECT_EQ(session.accounts.hours, on_disk);
-
-    play({on<HoursDialog>("Stunden eingeben",
-                          [](HoursDialog& d) {
-                              d.get_mode_button(marks::hours_mode::kHoursMinutes).set_active(true);
-                              test::retype(d.get_value_field(), "-7:30");
-                              send_key(d, GDK_KEY_Return);
-                          }),
-          on<HoursDialog>("Stunden eingeben",
-                          [](HoursDialog& d) {
-                              EXPECT_EQ(d.get_value_field().get_text(), "-7:30");
-                              send_key(d, GDK_KEY_Escape);
-                          })},
-         [&] {
-             edit_hours(parent_window(), cell(), session);
-             edit_hours(parent_window(), cell(), session);
-         });
-    ASSERT_TRUE(marks::load_hours_file(dir.path(), on_disk));
-    EXPECT_FLOAT_EQ(on_disk.start_value, -7.30f);
-    EXPECT_EQ(on_disk.mode, marks::hours_mode::kHoursMinutes);
 }
 
 // 61 days are stored as 60; the home crew goes into both files; a date

@@ -16,30 +16,9 @@ constexpr auto kDialogLimit = std::chrono::seconds(30);
 // Object data of a window the catcher has seen: when it was first seen.
 constexpr char kSeenKey[] = "sk-test-seen";
 
-void dispatch(GdkEvent* event, GdkWindow* target, GdkDevice* device) {
-    event->any.window = GDK_WINDOW(g_object_ref(target));
-    event->any.send_event = TRUE;
-    gdk_event_set_device(event, device);
-    gtk_main_do_event(event);
-    gdk_event_free(event);
-}
-
 }  // namespace
 
-bool wait_until(const std::function<bool()>& condition, double seconds) {
-    const auto end = Clock::now() + std::chrono::duration<double>(seconds);
-    auto context = Glib::MainContext::get_default();
-    while (!condition()) {
-        if (Clock::now() > end) return false;
-        context->iteration(false);
-        if (!context->pending()) g_usleep(1000);
-    }
-    return true;
-}
-
 void send_key(Gtk::Window& window, const std::string& names) {
-    GdkWindow* target = window.get_window()->gobj();
-    GdkDisplay* display = gdk_window_get_display(target);
     std::istringstream in(names);
     for (std::string name; in >> name;) {
         GdkModifierType state = GdkModifierType(0);
@@ -51,19 +30,7 @@ void send_key(Gtk::Window& window, const std::string& names) {
             }
         const guint keyval = gdk_keyval_from_name(name.c_str());
         ASSERT_NE(keyval, guint(GDK_KEY_VoidSymbol)) << name;
-        GdkKeymapKey* keys = nullptr;
-        gint count = 0;
-        gdk_keymap_get_entries_for_keyval(gdk_keymap_get_for_display(display), keyval, &keys,
-                                          &count);
-        for (GdkEventType type : {GDK_KEY_PRESS, GDK_KEY_RELEASE}) {
-            GdkEvent* event = gdk_event_new(type);
-            event->key.time = GDK_CURRENT_TIME;
-            event->key.keyval = keyval;
-            event->key.state = state;
-            event->key.hardware_keycode = count > 0 ? keys[0].keycode : 0;
-            dispatch(event, target, gdk_seat_get_keyboard(gdk_display_get_default_seat(display)));
-        }
-        g_free(keys);
+        send_key(static_cast<Gtk::Widget&>(window), keyval, state);
     }
 }
 
@@ -93,8 +60,12 @@ void click(Gtk::Widget& widget, double x, double y, bool twice) {
         event->button.x = x;
         event->button.y = y;
         event->button.button = GDK_BUTTON_PRIMARY;
-        dispatch(event, target,
-                 gdk_seat_get_pointer(gdk_display_get_default_seat(gdk_display_get_default())));
+        event->button.window = GDK_WINDOW(g_object_ref(target));
+        event->button.send_event = TRUE;
+        gdk_event_set_device(
+            event, gdk_seat_get_pointer(gdk_display_get_default_seat(gdk_display_get_default())));
+        gtk_main_do_event(event);
+        gdk_event_free(event);
     }
 }
 
@@ -128,9 +99,8 @@ WindowTest::WindowTest() {
                                      g_object_set_data(hidden, kSeenKey, nullptr);
                                  }),
                                  nullptr);
-                auto* box = dynamic_cast<Gtk::MessageDialog*>(dialog);
-                m_messages.push_back(
-                    {dialog->get_title(), box ? box->property_text().get_value() : ""});
+                const bool box = dynamic_cast<Gtk::MessageDialog*>(dialog);
+                m_messages.push_back({dialog->get_title(), message_text(*dialog)});
                 // Answered from the main loop, not from here, so that an
                 // answer may open another window, which is caught in turn.
                 g_object_ref(object);
@@ -182,10 +152,6 @@ std::string WindowTest::page() const {
     std::snprintf(text, sizeof text, "%04d-%02d %s %d %d", p.year, p.month_index + 1,
                   calendar::format_iso_date(p.cursor).c_str(), p.columns, p.model);
     return text;
-}
-
-settings::Settings WindowTest::saved_settings() const {
-    return test::saved_settings(user_dir());
 }
 
 settings::Settings saved_settings(const std::filesystem::path& user_dir) {

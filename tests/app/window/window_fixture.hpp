@@ -18,6 +18,7 @@
 #include "app/application.hpp"
 #include "app/commands.hpp"
 #include "app/main_window.hpp"
+#include "gui_support.hpp"
 #include "settings/settings_file.hpp"
 #include "test_support.hpp"
 #include "view/page_layout.hpp"
@@ -28,9 +29,6 @@ inline calendar::Day date(int y, int m, int d) {
     return calendar::Day::from_date(y, m - 1, d);
 }
 
-// False when the condition did not hold within `seconds` (the main loop
-// runs meanwhile).
-bool wait_until(const std::function<bool()>& condition, double seconds = 30);
 // Keys by their GDK names, separated by blanks: "F3 Home", "Shift+N", "Control+p".
 void send_key(Gtk::Window& window, const std::string& names);
 // A primary-button press at (x, y) of the widget (of an entry: into its
@@ -61,7 +59,6 @@ class WindowTest : public ::testing::Test {
     std::string field_text(StatusField field);
     // The page state as "first month, cursor, columns, model": "2026-11 2026-11-23 6 0".
     std::string page() const;
-    settings::Settings saved_settings() const;
 
     // Every window that opens is answered once, from the main loop: by the
     // latest answer given for its class (which must close it), otherwise
