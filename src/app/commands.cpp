@@ -99,21 +99,21 @@ constexpr std::array kKeys = {
 };
 
 constexpr std::array kButtons = {
-    ButtonSpec{Command::YearBack, "<Jahr", "[F1] Ein Jahr zurück"},
-    ButtonSpec{Command::MonthBack, "<Monat", "[F2] Einen Monat zurück"},
-    ButtonSpec{Command::MonthForward, "Monat>", "[F3] Einen Monat vor"},
-    ButtonSpec{Command::YearForward, "Jahr>", "[F4] Ein Jahr vor"},
-    ButtonSpec{Command::PageBack, "<Seite", "[F5] Eine Seite zurück"},
-    ButtonSpec{Command::Today, "Heute", "[F6] Setzt den Kursor auf den heutigen Tag"},
-    ButtonSpec{Command::PageForward, "Seite>", "[F7] Eine Seite vor"},
-    ButtonSpec{Command::DateEntry, "Datum", "[F8] Direkte Eingabe eines Datums"},
-    ButtonSpec{Command::NoteMenu, "Notiz", "[F9] Tagesnotiz eingeben"},
-    ButtonSpec{Command::ProgMenu, "Prog.", "[F10] Unterprogramme auswählen"},
-    ButtonSpec{Command::Login, "Name", "[F11] Als neuer Anwender anmelden"},
-    ButtonSpec{Command::InfoMenu, "Info", "[F12] Verschiedene Infos zum Kalender und Programm"},
-    ButtonSpec{Command::MoreColumns, "+", "[+] Mehr Monate anzeigen"},
-    ButtonSpec{Command::FewerColumns, "\u2212", "[-] Weniger Monate anzeigen"},
-    ButtonSpec{Command::BlockToggle, "Urlaubsblock", "Urlaubsblockanzeige ein- und ausschalten"},
+    ButtonEntry{Command::YearBack, "<Jahr", "[F1] Ein Jahr zurück"},
+    ButtonEntry{Command::MonthBack, "<Monat", "[F2] Einen Monat zurück"},
+    ButtonEntry{Command::MonthForward, "Monat>", "[F3] Einen Monat vor"},
+    ButtonEntry{Command::YearForward, "Jahr>", "[F4] Ein Jahr vor"},
+    ButtonEntry{Command::PageBack, "<Seite", "[F5] Eine Seite zurück"},
+    ButtonEntry{Command::Today, "Heute", "[F6] Setzt den Kursor auf den heutigen Tag"},
+    ButtonEntry{Command::PageForward, "Seite>", "[F7] Eine Seite vor"},
+    ButtonEntry{Command::DateEntry, "Datum", "[F8] Direkte Eingabe eines Datums"},
+    ButtonEntry{Command::NoteMenu, "Notiz", "[F9] Tagesnotiz eingeben"},
+    ButtonEntry{Command::ProgMenu, "Prog.", "[F10] Unterprogramme auswählen"},
+    ButtonEntry{Command::Login, "Name", "[F11] Als neuer Anwender anmelden"},
+    ButtonEntry{Command::InfoMenu, "Info", "[F12] Verschiedene Infos zum Kalender und Programm"},
+    ButtonEntry{Command::MoreColumns, "+", "[+] Mehr Monate anzeigen"},
+    ButtonEntry{Command::FewerColumns, "\u2212", "[-] Weniger Monate anzeigen"},
+    ButtonEntry{Command::BlockToggle, "Urlaubsblock", "Urlaubsblockanzeige ein- und ausschalten"},
 };
 
 std::optional<PageCommand> page_command(Command c) {
@@ -177,7 +177,7 @@ Pango::FontDescription pango_font(const view::FontSpec& font) {
 std::span<const KeyBinding> key_bindings() {
     return kKeys;
 }
-std::span<const ButtonSpec> button_specs() {
+std::span<const ButtonEntry> button_entries() {
     return kButtons;
 }
 

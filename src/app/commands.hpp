@@ -100,14 +100,14 @@ std::span<const KeyBinding> key_bindings();
 // except Ctrl+P, which prints.
 std::optional<Command> command_for_key(guint keyval, GdkModifierType state);
 
-struct ButtonSpec {
+struct ButtonEntry {
     Command command;
     std::string_view label;
     std::string_view tooltip;
 };
 
 // The button row from left to right; the block toggle comes last.
-std::span<const ButtonSpec> button_specs();
+std::span<const ButtonEntry> button_entries();
 
 class CommandDispatcher {
   public:

@@ -26,16 +26,16 @@ MainWindow::MainWindow() {
     // six months.
     auto compact = Gtk::CssProvider::create();
     compact->load_from_data("button { padding: 2px 5px; min-width: 0; }");
-    for (const ButtonSpec& spec : button_specs()) {
-        auto button = std::make_unique<Gtk::Button>(Glib::ustring(std::string(spec.label)));
-        button->set_tooltip_text(Glib::ustring(std::string(spec.tooltip)));
-        button->get_accessible()->set_name(Glib::ustring(std::string(spec.tooltip)));
+    for (const ButtonEntry& entry : button_entries()) {
+        auto button = std::make_unique<Gtk::Button>(Glib::ustring(std::string(entry.label)));
+        button->set_tooltip_text(Glib::ustring(std::string(entry.tooltip)));
+        button->get_accessible()->set_name(Glib::ustring(std::string(entry.tooltip)));
         // Buttons do not take the focus, so the page keeps it for the keys.
         button->set_can_focus(false);
         button->get_style_context()->add_provider(compact, GTK_STYLE_PROVIDER_PRIORITY_APPLICATION);
-        button->signal_clicked().connect([this, c = spec.command] { m_command.emit(c); });
+        button->signal_clicked().connect([this, c = entry.command] { m_command.emit(c); });
         m_button_row.pack_start(*button, Gtk::PACK_SHRINK);
-        m_buttons.emplace(spec.command, std::move(button));
+        m_buttons.emplace(entry.command, std::move(button));
     }
 
     m_column.pack_start(m_scroller, Gtk::PACK_EXPAND_WIDGET);

@@ -194,13 +194,13 @@ TEST_F(WindowTest, ButtonsIssueTheirCommandsAndHaveAccessibleNames) {
     start(date(2026, 11, 23));
     std::vector<Command> seen;
     window().signal_command().connect([&](Command c) { seen.push_back(c); });
-    for (const ButtonSpec& spec : button_specs()) {
-        Gtk::Button& b = window().button(spec.command);
+    for (const ButtonEntry& entry : button_entries()) {
+        Gtk::Button& b = window().button(entry.command);
         b.clicked();
         ASSERT_FALSE(seen.empty());
-        EXPECT_EQ(seen.back(), spec.command) << spec.label;
-        EXPECT_EQ(b.get_accessible()->get_name(), std::string(spec.tooltip));
-        EXPECT_EQ(b.get_tooltip_text(), std::string(spec.tooltip));
+        EXPECT_EQ(seen.back(), entry.command) << entry.label;
+        EXPECT_EQ(b.get_accessible()->get_name(), std::string(entry.tooltip));
+        EXPECT_EQ(b.get_tooltip_text(), std::string(entry.tooltip));
     }
     // The block button switched the block display off, in the settings kept on exit.
     EXPECT_EQ(state().session.settings.vacation_block_shown, 0);
