@@ -213,12 +213,11 @@ void open_and_close(Gtk::Dialog& dialog) {
 
 // The month key again, each time after the five marking and account
 // dialogs were opened and closed (outside the timing): a dialog must leave
-// nothing behind that slows the redraws after it. The first frame after a
-// dialog with a ticked check or radio button does take longer on X11: the
-// indicator's icon is an SHM image of cairo, whose new pool makes cairo
-// drop the idle pool of the page's upload, which the next frame then
-// allocates and faults in anew (about 128 MB reserved, the page's share
-// touched). The frames after it are as fast as before (compare with the
+// nothing behind that slows the redraws after it. On X11 a dialog with a
+// ticked check or radio button makes cairo drop the shared-memory pool of
+// the page's upload; the page view draws the whole page again when the loop
+// is idle after such a window, so that this key's frame finds the pool
+// ready. The frames should be as fast as without the dialogs (compare with the
 // month key alone, run before and after this one).
 void BM_MonthKeyAfterMarkingDialogs(benchmark::State& state) {
     Window& w = window();

@@ -15,6 +15,10 @@ PageView::PageView() {
     });
 }
 
+PageView::~PageView() {
+    m_whole_redraw.disconnect();
+}
+
 namespace {
 
 // The overlays (cursor and today's frame) of a page, two pixels larger on
@@ -78,6 +82,7 @@ void PageView::paint_rows(const std::vector<view::Rect>& rows) {
         view::paint_page(cr.get(), *m_layout);
     }
     cairo_surface_flush(m_image.get());
+    m_rows_queued = true;
     for (const view::Rect& r : rows)
         queue_draw_area(static_cast<int>(r.x), static_cast<int>(r.y), static_cast<int>(r.w),
                         static_cast<int>(r.h));
@@ -86,6 +91,22 @@ void PageView::paint_rows(const std::vector<view::Rect>& rows) {
 bool PageView::on_draw(const Cairo::RefPtr<Cairo::Context>& cr) {
     if (!m_image) return true;
     cairo_t* c = cr->cobj();
+    // A part of the page shown again that the program did not repaint (a
+    // dialog above it has closed): the whole page follows when the loop is
+    // idle. On X11 the upload of a frame goes through a shared-memory pool
+    // that cairo lets go when another window needed one of its own (GTK's
+    // check and radio buttons do); a page-sized pool is then made ready
+    // before the next key instead of during its frame.
+    double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
+    cairo_clip_extents(c, &x1, &y1, &x2, &y2);
+    const bool part =
+        x1 > 0 || y1 > 0 || x2 < std::floor(m_layout->width) || y2 < std::floor(m_layout->height);
+    if (part && !m_rows_queued && !m_whole_redraw.connected())
+        m_whole_redraw = Glib::signal_idle().connect([this] {
+            queue_draw();
+            return false;
+        });
+    m_rows_queued = false;
     cairo_set_source_surface(c, m_image.get(), 0, 0);
     cairo_set_operator(c, CAIRO_OPERATOR_SOURCE);
     cairo_rectangle(c, 0, 0, m_layout->width, m_layout->height);

@@ -17,6 +17,7 @@ namespace sk::app {
 class PageView : public Gtk::DrawingArea {
   public:
     PageView();
+    ~PageView() override;
 
     // Shows a new page: paints it into the page image and queues the redraw.
     // With `cursor_only` the caller promises that the new page differs from
@@ -48,6 +49,8 @@ class PageView : public Gtk::DrawingArea {
 
     std::optional<view::PageLayout> m_layout;
     view::SurfacePtr m_image;
+    bool m_rows_queued = false;  // the next draw shows repainted rows only
+    sigc::connection m_whole_redraw;
     int m_image_scale = 1;
     double m_scroll_sum = 0;  // smooth scrolling: a month per whole step
     sigc::signal<void(double, double)> m_clicked;
