@@ -35,9 +35,7 @@ ChoiceDialog::ChoiceDialog(Gtk::Window& parent, view::CellSize cell, const Glib:
             Pango::Attribute weight = Pango::Attribute::create_attr_weight(Pango::WEIGHT_BOLD);
             bold.insert(weight);
             name->set_attributes(bold);
-            description->set_xalign(0);
-            description->set_line_wrap(true);
-            description->set_max_width_chars(static_cast<int>(width));
+            set_wrapped(*description, static_cast<int>(width));
             lines->pack_start(*name, Gtk::PACK_SHRINK);
             lines->pack_start(*description, Gtk::PACK_SHRINK);
             button->add(*lines);

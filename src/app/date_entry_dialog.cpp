@@ -39,9 +39,7 @@ DateEntryDialog::DateEntryDialog(Gtk::Window& parent, view::CellSize cell, Purpo
     m_hint.set_xalign(0);
     m_hint.get_style_context()->add_class(GTK_STYLE_CLASS_ERROR);
     m_hint.set_no_show_all(true);
-    m_note.set_xalign(0);
-    m_note.set_line_wrap(true);
-    m_note.set_max_width_chars(40);
+    set_wrapped(m_note, 40);
 
     Gtk::Box* box = get_content_area();
     box->set_spacing(cells_high(cell, 0.3));

@@ -58,9 +58,7 @@ ExportDialog::ExportDialog(Gtk::Window& parent, view::CellSize cell, int model,
                                 "22:00–6:00 Uhr am nächsten Morgen; sonst ganztägige Termine");
     set_tooltip_and_description(m_notes, "Die Notizen jedes Tages als eigener ganztägiger Termin");
 
-    m_hint.set_xalign(0);
-    m_hint.set_line_wrap(true);
-    m_hint.set_max_width_chars(44);
+    set_wrapped(m_hint, 44);
     m_hint.get_style_context()->add_class(GTK_STYLE_CLASS_ERROR);
     m_hint.set_no_show_all(true);
 

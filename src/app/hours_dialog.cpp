@@ -11,9 +11,6 @@ constexpr char kBlockHint[] =
     "Wenn im Urlaubsblock gearbeitet wird, z. B. bei Schichttausch, zählt mit diesem Häkchen "
     "jeder Urlaubstag der Stammschicht im Urlaubsblock als 8 Minusstunden, sonntags als 12, außer "
     "an bezahlten Feiertagen.";
-constexpr char kNotCounted[] =
-    "Dieser Schichtkalender führt keine Konten; die Eingabe gilt für die Kalender mit fünf und "
-    "drei Schichten.";
 
 }  // namespace
 
@@ -30,7 +27,7 @@ HoursDialog::HoursDialog(Gtk::Window& parent, view::CellSize cell, const marks::
       m_crew(cell, hours.home_crew),
       m_block("Den Urlaubsblock als Mi_nusstunden berechnen", true),
       m_block_hint(kBlockHint),
-      m_note(kNotCounted) {
+      m_note(marks::kNoAccountsNote) {
     set_title("Stunden eingeben");
     make_modal(*this, &parent);
     close_on_escape(*this);
@@ -53,21 +50,15 @@ HoursDialog::HoursDialog(Gtk::Window& parent, view::CellSize cell, const marks::
     m_modes.set_spacing(cells_wide(cell, 0.5));
     m_modes.pack_start(m_hours_minutes, Gtk::PACK_SHRINK);
     m_modes.pack_start(m_decimal, Gtk::PACK_SHRINK);
-    m_hint.set_xalign(0);
-    m_hint.set_line_wrap(true);
-    m_hint.set_max_width_chars(48);
+    set_wrapped(m_hint, 48);
     m_hint.set_no_show_all(true);
     m_crew_label.set_xalign(0);
     m_crew_label.set_mnemonic_widget(m_crew.get_button(m_crew.get_crew()));
     m_block.set_active(hours.block_as_minus);
     set_accessible_description(m_block, kBlockHint);
-    m_block_hint.set_xalign(0);
-    m_block_hint.set_line_wrap(true);
-    m_block_hint.set_max_width_chars(56);
+    set_wrapped(m_block_hint, 56);
     m_block_hint.set_margin_start(cells_wide(cell, 2));
-    m_note.set_xalign(0);
-    m_note.set_line_wrap(true);
-    m_note.set_max_width_chars(56);
+    set_wrapped(m_note, 56);
 
     m_grid.set_row_spacing(cells_high(cell, 0.3));
     m_grid.set_column_spacing(cells_wide(cell, 1));

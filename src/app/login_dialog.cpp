@@ -33,14 +33,10 @@ LoginDialog::LoginDialog(Gtk::Window& parent, view::CellSize cell, const std::st
     set_tooltip_and_description(m_user, "Der Name des Benutzers, unter dem seine Daten liegen");
     set_tooltip_and_description(m_password, "Verschlüsselt die Notizen; leer: unverschlüsselt");
 
-    m_hint.set_xalign(0);
-    m_hint.set_line_wrap(true);
-    m_hint.set_max_width_chars(44);
+    set_wrapped(m_hint, 44);
     m_hint.get_style_context()->add_class(GTK_STYLE_CLASS_ERROR);
     m_hint.set_no_show_all(true);
-    m_note.set_xalign(0);
-    m_note.set_line_wrap(true);
-    m_note.set_max_width_chars(44);
+    set_wrapped(m_note, 44);
 
     m_grid.set_row_spacing(cells_high(cell, 0.3));
     m_grid.set_column_spacing(cells_wide(cell, 1));

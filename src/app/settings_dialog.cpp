@@ -135,9 +135,7 @@ SettingsDialog::SettingsDialog(Gtk::Window& parent, view::CellSize cell,
     m_sections.attach(m_hours_frame, 1, 1);
     m_sections.attach(m_vacation_frame, 0, 2, 2, 1);
 
-    m_hint.set_xalign(0);
-    m_hint.set_line_wrap(true);
-    m_hint.set_max_width_chars(70);
+    set_wrapped(m_hint, 70);
     m_hint.get_style_context()->add_class(GTK_STYLE_CLASS_ERROR);
     m_hint.set_no_show_all(true);
     m_sections.attach(m_hint, 0, 3, 2, 1);

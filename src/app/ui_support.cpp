@@ -98,6 +98,12 @@ void show_as_error(Gtk::Widget& widget, bool error) {
         style->remove_class(GTK_STYLE_CLASS_ERROR);
 }
 
+void set_wrapped(Gtk::Label& label, int max_chars) {
+    label.set_xalign(0);
+    label.set_line_wrap(true);
+    label.set_max_width_chars(max_chars);
+}
+
 Glib::ustring plain_label(const Glib::ustring& label) {
     Glib::ustring name;
     bool escaped = false;

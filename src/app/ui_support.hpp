@@ -42,6 +42,8 @@ void set_tooltip_and_description(Gtk::Widget& widget, const Glib::ustring& toolt
 
 // The theme's error colour on a field or hint while its text is refused.
 void show_as_error(Gtk::Widget& widget, bool error);
+// A left-aligned label of running text, wrapped at `max_chars` characters.
+void set_wrapped(Gtk::Label& label, int max_chars);
 
 // UTF-8 bytes as a ustring (Glib::ustring's (pointer, length) constructor
 // counts characters, not bytes).

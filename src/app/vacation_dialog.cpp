@@ -8,14 +8,6 @@
 
 namespace sk::app {
 
-namespace {
-
-constexpr char kNotCounted[] =
-    "Dieser Schichtkalender führt keine Konten; die Eingabe gilt für die Kalender mit fünf und "
-    "drei Schichten.";
-
-}  // namespace
-
 VacationDialog::VacationDialog(Gtk::Window& parent, view::CellSize cell,
                                const marks::VacationAccount& vacation, int home_crew,
                                calendar::DayNumber earliest, bool counted)
@@ -26,7 +18,7 @@ VacationDialog::VacationDialog(Gtk::Window& parent, view::CellSize cell,
       m_days_label("_Tage", true),
       m_crew_label("Stammschicht:"),
       m_crew(cell, home_crew),
-      m_note(kNotCounted) {
+      m_note(marks::kNoAccountsNote) {
     set_title("Urlaub eingeben");
     make_modal(*this, &parent);
     close_on_escape(*this);
@@ -43,15 +35,11 @@ VacationDialog::VacationDialog(Gtk::Window& parent, view::CellSize cell,
     m_days.set_halign(Gtk::ALIGN_START);
     set_accessible_name(m_days, "Tage");
     set_tooltip_and_description(m_days, "Die am Tag noch offenen Urlaubstage, von -60 bis 60");
-    m_hint.set_xalign(0);
-    m_hint.set_line_wrap(true);
-    m_hint.set_max_width_chars(40);
+    set_wrapped(m_hint, 40);
     m_hint.set_no_show_all(true);
     m_crew_label.set_xalign(0);
     m_crew_label.set_mnemonic_widget(m_crew.get_button(m_crew.get_crew()));
-    m_note.set_xalign(0);
-    m_note.set_line_wrap(true);
-    m_note.set_max_width_chars(48);
+    set_wrapped(m_note, 48);
 
     m_grid.set_row_spacing(cells_high(cell, 0.3));
     m_grid.set_column_spacing(cells_wide(cell, 1));

@@ -34,4 +34,9 @@ struct VacationDaysEntry {
 };
 VacationDaysEntry check_vacation_days_entry(std::string_view text);
 
+// The line under both dialogs in the calendars that keep no accounts.
+inline constexpr char kNoAccountsNote[] =
+    "Dieser Schichtkalender führt keine Konten; die Eingabe gilt für die Kalender mit fünf und "
+    "drei Schichten.";
+
 }  // namespace sk::marks
