@@ -4,16 +4,13 @@
 // markings of each kind; the layout alone, the sky alone and the painting
 // alone.
 #include <benchmark/benchmark.h>
-
-#include <algorithm>
 #include <unistd.h>
 
 #include <filesystem>
 #include <memory>
-#include <random>
 #include <vector>
 
-#include "notes/note_keys.hpp"
+#include "sample_user_data.hpp"
 #include "view/page_output.hpp"
 #include "view/page_painter.hpp"
 #include "view/page_sources.hpp"
@@ -23,41 +20,18 @@ namespace {
 using namespace sk;
 using calendar::DayNumber;
 
-// 1,000 notes of the four kinds in a note directory of their own (900
-// daily, 50 yearly, 40 periodic, 10 weekday-in-month) and 500 markings of
-// each kind, spread over the page and the months around it.
+// The sample notes in a note directory of their own and the sample
+// markings, spread over the page and the months around it.
 struct UserData {
     std::filesystem::path directory;
     notes::NoteStore notes;
-    marks::CalendarMarkings bars;
-    marks::ShiftMarkings shifts;
+    bench::SampleMarkings marks;
 
     UserData(DayNumber first, DayNumber last)
         : directory(std::filesystem::temp_directory_path() /
                     ("sk-view-bench-" + std::to_string(::getpid()))),
-          notes((std::filesystem::create_directories(directory), directory), "") {
-        std::mt19937 random(7);
-        std::uniform_int_distribution<DayNumber> day(first - 300, last + 300);
-        for (int i = 0; i < 900; ++i)
-            notes.write_daily(notes::date_key(calendar::Day::from_number(day(random))), "Notiz");
-        for (int i = 0; i < 50; ++i)
-            notes.write_yearly(notes::day_key(calendar::Day::from_number(day(random))), "Jahrestag");
-        for (int i = 0; i < 40; ++i)
-            notes.write_periodic({day(random), static_cast<std::int32_t>(14 + random() % 60)}, "Termin");
-        for (int i = 0; i < 10; ++i)
-            notes.write_weekday(notes::weekday_key(static_cast<int>(random() % 13), static_cast<int>(random() % 7),
-                                                   static_cast<int>(random() % 5)),
-                                "Monatlich");
-        for (int i = 0; i < 500; ++i) {
-            const DayNumber start = day(random);
-            marks::save_marking(bars, start, start + static_cast<DayNumber>(random() % 10),
-                                marks::kDefaultMarkingColour);
-            shifts.items.push_back({day(random), static_cast<std::int8_t>(random() % 4 + 1),
-                                    static_cast<std::int8_t>(random() % 6)});
-        }
-        std::sort(shifts.items.begin(), shifts.items.end(),
-                  [](const auto& a, const auto& b) { return a.day < b.day; });
-    }
+          notes((std::filesystem::create_directories(directory), directory), ""),
+          marks(bench::write_sample_notes(notes, first - 300, last + 300)) {}
     ~UserData() {
         std::error_code ec;
         std::filesystem::remove_all(directory, ec);
@@ -82,14 +56,15 @@ struct Page {
     view::PageRequest request = full_request();
     UserData data{view::page_days(request).first, view::page_days(request).last};
     view::PageExtras extra =
-        view::page_extras(settings::Settings{}, {data.notes, data.bars, data.shifts});
+        view::page_extras(settings::Settings{}, {data.notes, data.marks.bars, data.marks.shifts});
     view::PageRenderer renderer{view::FontSpec{"DejaVu Sans", 10, 0}};
 };
 
 // The page as after moving the cursor: the sky of the months is known.
 void BM_FullRedraw23Columns(benchmark::State& state) {
     Page page;
-    view::PageLayout layout = page.renderer.layout(page.request, page.extra);  // shapes the texts once
+    view::PageLayout layout =
+        page.renderer.layout(page.request, page.extra);  // shapes the texts once
     const view::SurfacePtr surface(cairo_image_surface_create(
         CAIRO_FORMAT_RGB24, static_cast<int>(layout.width), static_cast<int>(layout.height)));
     for (auto _ : state) {

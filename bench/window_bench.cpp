@@ -9,10 +9,8 @@
 #include <gdk/gdkkeysyms.h>
 #include <gtkmm.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <memory>
-#include <random>
 
 #include "app/application.hpp"
 #include "app/calendar_marking_dialog.hpp"
@@ -23,7 +21,7 @@
 #include "app/vacation_dialog.hpp"
 #include "marks/calendar_markings.hpp"
 #include "marks/shift_markings.hpp"
-#include "notes/note_keys.hpp"
+#include "sample_user_data.hpp"
 #include "settings/settings_file.hpp"
 #include "view/status_texts.hpp"
 
@@ -42,33 +40,9 @@ void fill_user_directory(const std::filesystem::path& user_dir, DayNumber first,
     settings::write_settings_file(user_dir / "Einstellungen.dat", s);
 
     notes::NoteStore notes(user_dir, "");
-    std::mt19937 random(7);
-    std::uniform_int_distribution<DayNumber> day(first, last);
-    for (int i = 0; i < 900; ++i)
-        notes.write_daily(notes::date_key(Day::from_number(day(random))), "Notiz");
-    for (int i = 0; i < 50; ++i)
-        notes.write_yearly(notes::day_key(Day::from_number(day(random))), "Jahrestag");
-    for (int i = 0; i < 40; ++i)
-        notes.write_periodic({day(random), static_cast<std::int32_t>(14 + random() % 60)},
-                             "Termin");
-    for (int i = 0; i < 10; ++i)
-        notes.write_weekday(
-            notes::weekday_key(static_cast<int>(random() % 13), static_cast<int>(random() % 7),
-                               static_cast<int>(random() % 5)),
-            "Monatlich");
-    marks::CalendarMarkings bars;
-    marks::ShiftMarkings shifts;
-    for (int i = 0; i < 500; ++i) {
-        const DayNumber start = day(random);
-        marks::save_marking(bars, start, start + static_cast<DayNumber>(random() % 10),
-                            marks::kDefaultMarkingColour);
-        shifts.items.push_back({day(random), static_cast<std::int8_t>(random() % 4 + 1),
-                                static_cast<std::int8_t>(random() % 6)});
-    }
-    std::sort(shifts.items.begin(), shifts.items.end(),
-              [](const auto& a, const auto& b) { return a.day < b.day; });
-    marks::save_calendar_markings(user_dir, bars);
-    marks::save_shift_markings(user_dir, shifts);
+    bench::SampleMarkings m = bench::write_sample_notes(notes, first, last);
+    marks::save_calendar_markings(user_dir, m.bars);
+    marks::save_shift_markings(user_dir, m.shifts);
 }
 
 struct Window {
